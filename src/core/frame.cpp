@@ -1,0 +1,10 @@
+#include "core/frame.h"
+
+namespace zor {
+
+int teamSize() {
+    const int n = threads_omp_of_n_zor;
+    return n < 1 ? 1 : n;
+}
+
+}  // namespace zor
