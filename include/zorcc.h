@@ -197,6 +197,116 @@ ZORCC_API ZorStatus zoriYCbCrToBGR_8u_P3C3R(const Zor8u* const pSrc[3], int srcS
 ZORCC_API ZorStatus zoriYCbCrToBGR_8u_P3C4R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
 
 /* @@SECTION video-subsampled@@ (4:2:2, 4:2:0, 4:1:1 YCbCr and packed BGR input) */
+/* ------------------------------------------------------------------------ */
+/* Subsampled YCbCr (4:2:2, 4:2:0, 4:1:1) and RGB/BGR, 8-bit                */
+/* ------------------------------------------------------------------------ */
+/* Layouts: packed 4:2:2 (C2) holds per pixel pair the bytes Y0 Cb Y1 Cr
+ * (YCbCr422) or Cb Y0 Cr Y1 (CbYCr422). Planar subsampled images take an
+ * array of three plane pointers and an ARRAY OF THREE STEPS: 4:2:2 chroma
+ * planes are ceil(w/2) x h, 4:2:0 are w/2 x h/2, 4:1:1 are w/4 x h. YCrCb420
+ * has Cr in plane 1 and Cb in plane 2. Full-resolution planar RGB (P3C2R
+ * source, C2P3R destination) shares one step. Rows run serially; steps are
+ * not checked (except the Gamma member).
+ *
+ * Encoders: luma as in 4:4:4, (16843 R + 33030 G + 6423 B + 1081344) >> 16.
+ * Chroma from the channel sums of the group, with the 4:4:4 Cb/Cr
+ * coefficients, offset 128 and a bias b, shifted by 17 (pairs) or 18 (2x2
+ * blocks, four pixels of a row):
+ *   E422  (RGBToYCbCr422 C3C2R, P3C2R): b = one half; Y1 of each pair is
+ *         TRUNCATED (offset 1048576), Y0 rounded.
+ *   ECbY  (BGRToCbYCr422 AC4C2R): b = one half for Cb, 65534 (/2^17) for Cr.
+ *   EB422 (BGRToYCbCr422 members): b = one eighth.
+ *   E420  (RGB/BGR to 4:2:0, YCrCb420), E411: b = one eighth.
+ *   EF422 (RGBToCbYCr422, RGBToCbYCr422Gamma): Cb/Cr of pair k filtered
+ *         1/4, 1/2, 1/4 over pixels 2k-1, 2k, 2k+1 (each product floored on
+ *         its own, 0 left of the row, offset 128 plus half minus 1/65536).
+ *         The Gamma member maps R, G, B through the forward video gamma
+ *         curve first and returns zorStsStepErr (after the size check) for
+ *         a step below 1.
+ * Odd width: a packed 4:2:2 encoder writes the last pixel's rounded Y and a
+ * Cb of that pixel alone (4:4:4 equation); its Cr byte is not written. A
+ * planar 4:2:2 encoder writes the last pixel's Y only. 4:2:0 converts whole
+ * 2x2 blocks and 4:1:1 whole groups of four; the columns and rows beyond are
+ * not written.
+ *
+ * Decoders share the group's chroma among its pixels (no interpolation):
+ *   set B (as 4:4:4 planar to interleaved, rounding): YCbCr422ToRGB P3C3R,
+ *         CbYCr422ToRGB C2C3R, CbYCr422ToBGR C2C4R;
+ *   set C (YCbCr422ToRGB C2C3R/C2P3R, YCbCr422ToBGR C2C3R/C2C4R), on
+ *         unsigned Y, Cb, Cr, clamped to 0..255:
+ *     R = (76284 Y + 104595 Cr - 14608761) >> 16
+ *     G = (76284 Y - 25690 Cb - 53281 Cr + 8887730) >> 16
+ *     B = (76284 Y + 132186 Cb - 18140365) >> 16
+ * Odd width of a packed decoder: the last pixel takes Y and Cb from the two
+ * bytes of its incomplete group and the Cr of the previous pair; with width 1
+ * there is no previous pair and Cb is used in place of Cr (in every packed
+ * decoder, both sample orders). The C4 forms write aval (after roiSize) as
+ * the fourth byte of every pixel.
+ *
+ * Checks: pointers (a null array of steps counts as a null pointer), size,
+ * then plane pointers; the BGR members test the plane pointers with the
+ * other pointers, before the size. Minimum sizes: 1x1, except BGRToYCbCr422
+ * and YCbCr422ToBGR (width 2), BGRToYCbCr420/YCrCb420 (2x2) and
+ * BGRToYCbCr411 (width 4). zorStsOddSizeWarning after the conversion: 4:2:0
+ * encoders when the width or height is odd, 4:1:1 encoders when the width is
+ * not a multiple of 4; 4:2:2 never. */
+ZORCC_API ZorStatus zoriRGBToYCbCr422_8u_C3C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCbCr422_8u_P3C2R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB_8u_C2C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB_8u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCbCr420_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToRGB_8u_C2C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToBGR_8u_C2C4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
+ZORCC_API ZorStatus zoriBGRToCbYCr422_8u_AC4C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToCbYCr422_8u_C3C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToCbYCr422Gamma_8u_C3C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr422_8u_C3C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr422_8u_AC4C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr422_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr422_8u_AC4P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr420_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr420_8u_AC4P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCrCb420_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCrCb420_8u_AC4P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr411_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCbCr411_8u_AC4P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR_8u_C2C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR_8u_C2C4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
+
+/* Planar YCrCb 4:2:0 (planes Y, Cr, Cb; array of three steps) to BGRA with
+ * vertically interpolated chroma: the width is rounded down to even and the
+ * height to a multiple of 8 (minimum 2 x 8, else zorStsBadSize). Even rows j
+ * of full-height chroma are chroma row j/2; odd rows 2j+1 are
+ * (-c[j-1] + 9 c[j] + 9 c[j+1] - c[j+2] + 8) >> 4 clamped to 0..255, rows
+ * outside the plane replaced by the nearest edge row. Each chroma sample
+ * serves a horizontal pixel pair; decoded with set B; writes B, G, R, aval.
+ * All pointers and planes are tested before the size; returns
+ * zorStsOddSizeWarning when the width is odd or the height not a multiple of
+ * 8 (the columns and rows beyond are not written). */
+ZORCC_API ZorStatus zoriYCrCb420ToBGR_Filter_8u_P3C4R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
+
+/* ------------------------------------------------------------------------ */
+/* Packed 16-bit BGR565 / BGR555 to subsampled YCbCr                        */
+/* ------------------------------------------------------------------------ */
+/* Source words (step in bytes, halved to words by an arithmetic shift): BGR565
+ * B bits 0-4, G 5-10, R 11-15; BGR555 B 0-4, G 5-9, R 10-14, bit 15 ignored.
+ * Fields are scaled to 8 bits by a left shift alone (5-bit x 8, 6-bit x 4:
+ * white is (248, 252, 248), Y 231), then encoded like the 8-bit BGR members:
+ * 4:2:2 with EB422 (width >= 2; an odd last pixel gets its Y only), 4:2:0 and
+ * YCrCb420 with E420 (>= 2 x 2; an odd size returns zorStsOk, the last column
+ * or row is not written), 4:1:1 with E411 (width >= 4; zorStsOddSizeWarning
+ * unless the width is a multiple of 4). Destination: three planes, array of
+ * three steps. Checks: source, destination array, steps array, planes
+ * (zorStsNullPtr), then the size. */
+ZORCC_API ZorStatus zoriBGR565ToYCbCr422_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR555ToYCbCr422_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR565ToYCbCr420_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR555ToYCbCr420_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR565ToYCrCb420_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR555ToYCrCb420_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR565ToYCbCr411_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGR555ToYCbCr411_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
 /* @@END video-subsampled@@ */
 
 /* @@SECTION video-packed@@ (packed 565/555/444 output, YUV) */
