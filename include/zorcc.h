@@ -310,6 +310,215 @@ ZORCC_API ZorStatus zoriBGR555ToYCbCr411_16u8u_C3P3R(const Zor16u* pSrc, int src
 /* @@END video-subsampled@@ */
 
 /* @@SECTION video-packed@@ (packed 565/555/444 output, YUV) */
+
+/* ------------------------------------------------------------------------ */
+/* YCbCr and YUV 4:2:0 to packed 16-bit RGB/BGR words                       */
+/* ------------------------------------------------------------------------ */
+/* One 16-bit word per pixel; the name lists the fields from bit 0 upward:
+ *   RGB565: R 0-4, G 5-10, B 11-15      BGR565: B 0-4, G 5-10, R 11-15
+ *   RGB555: R 0-4, G 5-9,  B 10-14      BGR555: B 0-4, G 5-9,  R 10-14
+ *   RGB444: R 0-3, G 4-7,  B 8-11       BGR444: B 0-3, G 4-7,  R 8-11
+ * Unused high bits (bit 15 of 555, bits 12-15 of 444) are written 0.
+ * The destination step is in bytes and is halved (arithmetic shift) to a
+ * count of words, so an odd step loses its low bit.
+ * Plain members keep the top bits of each 8-bit channel (565: R>>3, G>>2,
+ * B>>3; 555: >>3; 444: >>4) of a decoder that depends on the source:
+ *   C3R (4:4:4 interleaved Y,Cb,Cr): decoder set A above (truncating);
+ *   C2C3R (4:2:2 packed Y0 Cb Y1 Cr): set C, unsigned Y, Cb, Cr:
+ *     R = (76284 Y + 104595 Cr - 14608761) >> 16
+ *     G = (76284 Y - 25690 Cb - 53281 Cr + 8887730) >> 16
+ *     B = (76284 Y + 132186 Cb - 18140365) >> 16;
+ *   P3C3R (planar 4:4:4, 4:2:2, 4:2:0): the fine decoder below;
+ *   YCbCr411: set A with one half (32768) added before the shift in all
+ *     three outputs (offset 1187776).
+ * Dither members decode every source with the fine decoder (four extra
+ * fraction bits, arithmetic shifts, each product shifted on its own):
+ *   y' = (((Y-16)*128) * 9535) >> 16, d' = (Cb-128)*128, e' = (Cr-128)*128
+ *   R = sat((y' + ((e'*13074) >> 16)) >> 4)
+ *   G = sat((y' - ((d'*3211) >> 16) - ((e'*6660) >> 16)) >> 4)
+ *   B = sat((y' + ((d'*16523) >> 16)) >> 4)
+ * and quantise with the threshold t of a 4x4 Bayer table indexed by
+ * [row & 3][column & 3] inside the region (the pattern restarts at the
+ * region's top-left pixel): q = (m*v) >> 8 with m = 31, 63 or 15, then q+1
+ * when 256 v - q*floor(65280/m) > t (strictly); the 6-bit green compares
+ * with t >> 1. Thresholds (5/6-bit fields; 4-bit fields use the same
+ * Bayer order times 289):
+ *     0 1118  279 1398 / 1678  559 1957  839 /
+ *   419 1538  139 1258 / 2097  978 1817  699
+ * Chroma is shared by the luma samples of its group (pairs for 4:2:2, 2x2
+ * blocks for 4:2:0, four pixels for 4:1:1), without interpolation. The
+ * YUV420 members decode exactly like the YCbCr420 members.
+ * Sizes: every member needs width and height of at least 1 (zorStsBadSize).
+ *  - 4:2:2 packed, odd width: the last pixel takes Y and Cb from its
+ *    incomplete group and Cr from the byte before it (the previous pair's
+ *    Cr); with width 1 there is no previous pair and Cb serves as Cr too.
+ *  - 4:2:2 and 4:2:0 planar: every pixel is converted and zorStsOk returned;
+ *    an odd last column (row) uses the chroma sample of its incomplete group,
+ *    so the chroma planes must then be ceil(width/2) wide (and, for 4:2:0,
+ *    ceil(height/2) high).
+ *  - 4:1:1: converts width rounded down to a multiple of 4 (the last 1-3
+ *    columns stay unwritten) and returns zorStsOddSizeWarning when the width
+ *    is not a multiple of 4.
+ * Plain C3R and C2C3R members convert contiguous images (source step = width
+ * * 3 or 2, halved destination step = width; C2C3R and BGR444 C3R also need
+ * an even width) as one long row, with the same results as row by row.
+ * Planar sources: 4:4:4 planes share one step; the subsampled forms take an
+ * array of three steps. Check order: source pointer (array), step array and
+ * destination null: zorStsNullPtr; size: zorStsBadSize; source planes 0, 1,
+ * 2 null: zorStsNullPtr. Steps are not validated. Rows run serially. */
+/* 4:4:4 interleaved Y, Cb, Cr */
+ZORCC_API ZorStatus zoriYCbCrToRGB565_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR565_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB555_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR555_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB444_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR444_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB565Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR565Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB555Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR555Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB444Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR444Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:4:4 planar, one step */
+ZORCC_API ZorStatus zoriYCbCrToRGB565_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR565_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB555_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR555_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB444_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR444_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToRGB444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCrToBGR444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:2 packed Y0 Cb Y1 Cr */
+ZORCC_API ZorStatus zoriYCbCr422ToRGB565_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR565_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB555_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR555_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB444_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR444_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB565Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR565Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB555Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR555Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB444Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR444Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:2 planar, three steps */
+ZORCC_API ZorStatus zoriYCbCr422ToRGB565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB444_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR444_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToRGB444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToBGR444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:0 planar, three steps */
+ZORCC_API ZorStatus zoriYCbCr420ToRGB565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToBGR565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToRGB555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToBGR555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToRGB444_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToBGR444_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToRGB565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToBGR565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToRGB555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToBGR555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToRGB444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToBGR444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+/* YUV 4:2:0 planar, three steps (decoded like YCbCr 4:2:0) */
+ZORCC_API ZorStatus zoriYUV420ToRGB565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB444_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR444_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR565Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR555Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR444Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:1:1 planar, three steps (BGR only, no Dither) */
+ZORCC_API ZorStatus zoriYCbCr411ToBGR565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToBGR555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roiSize);
+
+/* ------------------------------------------------------------------------ */
+/* YUV and RGB, 8-bit                                                       */
+/* ------------------------------------------------------------------------ */
+/* 16.16 fixed point, arithmetic shifts, clamp to 0..255:
+ *   S = 19595 R + 38470 G + 7471 B;  Y = S >> 16 (truncated)
+ *   dB = (65536 B - S + 32767) >> 16,  dR = (65536 R - S + 32767) >> 16
+ *   U = ((dB * 32244) >> 16) + 128 (low 8 bits; never out of range)
+ *   V = clamp(((dR * 57475) >> 16) + 128)
+ * 4:2:2 / 4:2:0 encoders: Y per pixel; U, V per pair / 2x2 block from the
+ * sums of B, R and S of its pixels with the constant 65535 / 131071 in
+ * place of 32767 and a final shift of 17 / 18 in place of 16.
+ *   Decoder (u = U-128, v = V-128):  R = clamp((65536 Y + 74711 v) >> 16),
+ *   G = clamp((65536 Y - 25821 u - 38076 v) >> 16),
+ *   B = clamp((65536 Y + 133169 u) >> 16), no rounding - except
+ *   zoriYUV420ToRGB_8u_P3AC4R, which adds 32768 before each shift.
+ * Subsampled decoders use each U, V pair unchanged for all pixels it covers.
+ * Layouts: C3 = Y, U, V (R, G, B) per pixel; C2 = Y0 U Y1 V per pixel pair;
+ * 4:2:2 U, V planes are ceil(width/2) wide, 4:2:0 planes width/2 x height/2.
+ * AC4: the fourth byte is left alone, except in the P3AC4R decoders, which
+ * write 0 there. zoriYUV420ToBGR_8u_P3C3R writes B, G, R.
+ * Steps: C2, C3 and AC4 sides take one step; the P3 sides of
+ * zoriRGBToYUV_8u_C3P3R and zoriYUVToRGB_8u_P3C3R take one step shared by the
+ * planes; every other P3 side (4:4:4 P3R, and all P3 sides of the 4:2:2 and
+ * 4:2:0 functions) takes an array of three steps.
+ * Whole-image forms (no R, no steps): packed planes, implied steps w for
+ * full-width planes, 3w for C3, and ceil(w/2) (4:2:2) or floor(w/2) (4:2:0)
+ * for the chroma planes.
+ * Odd sizes:
+ *  - 4:2:2 encoders: a last odd pixel is converted alone with the 4:4:4 rule;
+ *    the C2 form writes its Y and U only (its row has no V byte).
+ *  - 4:2:2 decoders: a last odd pixel uses the chroma of its pair; in the C2
+ *    form that group holds Y and U only, so V is the previous pair's (width
+ *    1: U serves as V).
+ *  - 4:2:0: whole 2x2 blocks only; the last column / row is left unconverted
+ *    and zorStsOddSizeWarning (35) returned when width or height is odd.
+ * Minimum size 1x1 (zoriYUV420ToBGR_8u_P3C3R: 2x2), else zorStsBadSize.
+ * Check order: outer pointers, plane arrays and step arrays null:
+ * zorStsNullPtr; size: zorStsBadSize; source then destination planes null:
+ * zorStsNullPtr. Steps are not validated. Rows run serially. */
+/* 4:4:4 */
+ZORCC_API ZorStatus zoriRGBToYUV_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUVToRGB_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUVToRGB_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUVToRGB_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUVToRGB_8u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:2 */
+ZORCC_API ZorStatus zoriRGBToYUV422_8u_C3C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV422_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV422_8u_C3P3(const Zor8u* pSrc, Zor8u* const pDst[3], ZoriSize imgSize);
+ZORCC_API ZorStatus zoriRGBToYUV422_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV422_8u_P3(const Zor8u* const pSrc[3], Zor8u* const pDst[3], ZoriSize imgSize);
+ZORCC_API ZorStatus zoriYUV422ToRGB_8u_C2C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV422ToRGB_8u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV422ToRGB_8u_P3C3(const Zor8u* const pSrc[3], Zor8u* pDst, ZoriSize imgSize);
+ZORCC_API ZorStatus zoriYUV422ToRGB_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV422ToRGB_8u_P3(const Zor8u* const pSrc[3], Zor8u* const pDst[3], ZoriSize imgSize);
+ZORCC_API ZorStatus zoriYUV422ToRGB_8u_P3AC4R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:0 */
+ZORCC_API ZorStatus zoriRGBToYUV420_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV420_8u_C3P3(const Zor8u* pSrc, Zor8u* const pDst[3], ZoriSize imgSize);
+ZORCC_API ZorStatus zoriRGBToYUV420_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYUV420_8u_P3(const Zor8u* const pSrc[3], Zor8u* const pDst[3], ZoriSize imgSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3C3(const Zor8u* const pSrc[3], Zor8u* pDst, ZoriSize imgSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3(const Zor8u* const pSrc[3], Zor8u* const pDst[3], ZoriSize imgSize);
+ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3AC4R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYUV420ToBGR_8u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
 /* @@END video-packed@@ */
 
 /* @@SECTION chroma@@ (chroma layout conversions) */
