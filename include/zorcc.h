@@ -522,6 +522,154 @@ ZORCC_API ZorStatus zoriYUV420ToBGR_8u_P3C3R(const Zor8u* const pSrc[3], const i
 /* @@END video-packed@@ */
 
 /* @@SECTION chroma@@ (chroma layout conversions) */
+/* Chroma layout conversions of 8-bit 4:2:2, 4:2:0 and 4:1:1 video. These
+ * only move samples: luma is copied, chroma is copied, dropped, duplicated
+ * or moved; there is no averaging, rounding or saturation (except in the
+ * _Filter_ members further below).
+ * Layouts (w x h luma pixels after rounding):
+ *   P3  planes Y, Cb, Cr (YCrCb: Y, Cr, Cb) passed as an array of three
+ *       pointers and an array of three steps; chroma planes are w/2 x h
+ *       (4:2:2), w/2 x h/2 (4:2:0) or w/4 x h (4:1:1).
+ *   P2  a Y plane (pSrcY/pDstY) and one plane of interleaved Cb Cr pairs
+ *       (pSrcCbCr/pDstCbCr): h/2 rows of w bytes (4:2:0) or h rows of w/2
+ *       bytes (4:1:1).
+ *   C2  4:2:2 pixel pairs: YCbCr422 Y0 Cb Y1 Cr, CbYCr422 Cb Y0 Cr Y1,
+ *       YCrCb422 Y0 Cr Y1 Cb.
+ * Arguments: source arguments, destination arguments, roiSize. Steps are in
+ * bytes and never checked. Rows run serially on the calling thread.
+ * Size: the width is rounded down to even, or to a multiple of 4 when 4:1:1
+ * is the source or the destination; the height is rounded down to even when
+ * 4:2:0 is either side. Pixels beyond the rounded size are neither read nor
+ * written. These members return zorStsOk, never zorStsOddSizeWarning.
+ * Checks: the pointers in argument order (a P3 array pointer, then its three
+ * planes) give zorStsNullPtr, then a width or height below the member's
+ * minimum gives zorStsBadSize. Members without a minimum height convert no
+ * rows for a height of zero or less and return zorStsOk.
+ * zoriYCrCb420ToYCbCr420_8u_P3P2R does not test its source array pointer
+ * (only the three planes it holds). */
+/* Repacking, same subsampling. Minimum width 2 (4:2:2, 4:2:0) or 4
+ * (4:1:1); minimum height 1 for zoriYCbCr422_8u_P3C2R, zoriYCbCr422_8u_C2P3R,
+ * the two C2R pair-order swaps between YCbCr422 and CbYCr422, 2 for 4:2:0,
+ * none for the others. */
+ZORCC_API ZorStatus zoriYCbCr422_8u_P3C2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb422ToYCbCr422_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToYCbCr422_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToCbYCr422_8u_C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToYCbCr422_8u_C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCrCb422_8u_C2R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCrCb422_8u_P3C2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb420ToYCbCr420_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToYCrCb420_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+/* 4:2:2 to 4:2:0: chroma row j is the chroma of row 2j; the odd rows'
+ * chroma is dropped. Minimum 2 x 2. */
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr420_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr420_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr420_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToYCbCr420_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb422ToYCbCr420_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCrCb420_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToYCrCb420_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr420_8u_C2P2R(const Zor8u* pSrc, int srcStep, Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToYCbCr420_8u_C2P2R(const Zor8u* pSrc, int srcStep, Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+/* 4:2:0 to 4:2:2: chroma row j goes unchanged to rows 2j and 2j+1.
+ * Minimum 2 x 2. */
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb420ToYCbCr422_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_8u_P2C2R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToCbYCr422_8u_P2C2R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb420ToYCbCr422_8u_P3C2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb420ToCbYCr422_8u_P3C2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:2 to 4:1:1: of chroma samples 2k and 2k+1 the first is kept.
+ * Minimum width 4, no minimum height. */
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr411_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr411_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr411_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriCbYCr422ToYCbCr411_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb422ToYCbCr411_8u_C2P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr422ToYCbCr411_8u_C2P2R(const Zor8u* pSrc, int srcStep, Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+/* 4:1:1 to 4:2:2: chroma sample k goes to positions 2k and 2k+1.
+ * Minimum width 4, no minimum height. */
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr422_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCrCb422_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr422_8u_P3C2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCrCb422_8u_P3C2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr422_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr422_8u_P2C2R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+/* 4:2:0 and 4:1:1, both directions, without loss: the even samples of
+ * 4:2:0 chroma row j are 4:1:1 row 2j and its odd samples are 4:1:1 row
+ * 2j+1, so 4:2:0 -> 4:1:1 -> 4:2:0 returns the chroma unchanged.
+ * Minimum 4 x 2. */
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr411_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb420ToYCbCr411_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr411_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr420_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr420_8u_P3P2R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDstY, int dstYStep, Zor8u* pDstCbCr, int dstCbCrStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCbCr420_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr411ToYCrCb420_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+
+/* Filtered 4:2:0 to 4:2:2. The width is rounded down to even and the height
+ * down to a multiple of 8; luma is copied. With c the H = h/2 source chroma
+ * rows of a plane and d the h destination rows:
+ *   d[2j]   = c[j]
+ *   d[2j+1] = (-c[j-1] + 9 c[j] + 9 c[j+1] - c[j+2] + 8) >> 4, clamped to
+ *             0..255 (arithmetic shift), rows beyond 0..H-1 replaced by the
+ *             nearest edge row.
+ * Checks: pointers (arrays, then planes), then width < 2 or height < 8:
+ * zorStsBadSize. */
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCrCb420ToYCbCr422_Filter_8u_P3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
+
+/* Deinterlacing filters from semi-planar 4:2:0 (width and height rounded
+ * down to even). Y are the source luma rows, C the source chroma rows (Cb
+ * and Cr each on its own), a row beyond the picture's edge is replaced by
+ * the edge row:
+ *   P2P3R (to YCrCb420 planes Y, Cr, Cb)
+ *     luma   (Y[y-1] + 2 Y[y] + Y[y+1]) >> 2
+ *     chroma (C[j] + C[j+1]) >> 1
+ *   P2C2R (to YCbCr422 Y0 Cb Y1 Cr), results clamped to 255
+ *     luma   (Y[y-1] + 2 Y[y] + Y[y+1] + 4) >> 2
+ *     chroma (C[j] + C[j+1] + 2) >> 1, for both rows 2j and 2j+1
+ *   so that the top row is (3 Y[0] + Y[1] [+ 4]) >> 2, the bottom row
+ *   (Y[h-2] + 3 Y[h-1] [+ 4]) >> 2 and the last chroma row C (P2P3R) or
+ *   C + 1 (P2C2R). The raised constants of P2C2R are intended: a flat 128
+ *   picture gives 129.
+ * layout (after roiSize) selects the slice of the picture that one call
+ * converts, with the pointers and roiSize describing the slice's own rows:
+ *   zorSliceTop    rows 0..n-1 of the picture (n = the slice height);
+ *                  writes luma rows 0..n-2 and chroma rows 0..n/2-2;
+ *   zorSliceMiddle interior rows; reads the two luma rows and the one chroma
+ *                  row above its source pointers and writes luma rows
+ *                  -1..n-2 and chroma rows -1..n/2-2 relative to its
+ *                  destination pointers;
+ *   zorSliceBottom the last rows of the picture; reads above like the middle
+ *                  slice and writes luma rows -1..n-1 and chroma rows
+ *                  -1..n/2-1;
+ *   zorSliceWhole  (any value with the bits 1, 4 and 16 set) the whole
+ *                  picture: luma rows 0..n-1, chroma rows 0..n/2-1.
+ * Each slice thus stops one luma row and one chroma row short of its end and
+ * the next one finishes them, so a picture converted as top, middle(s) and
+ * bottom slices of even heights, in any order, equals the picture converted
+ * whole. In the C2 destination chroma row j is the Cb and Cr bytes of rows
+ * 2j and 2j+1 and luma row y the Y bytes of row y. Any other layout value
+ * returns zorStsOk and writes nothing.
+ * Checks: P2P3R: pSrcY, pSrcCbCr, pDst null: zorStsNullPtr; width or height
+ * < 1: zorStsBadSize; a null destination plane: zorStsNullPtr; width or
+ * height < 2: zorStsBadSize. P2C2R: pointers, then width or height < 2. */
+typedef enum ZorSlicePosition {
+    zorSliceTop    = 1,
+    zorSliceMiddle = 4,
+    zorSliceBottom = 16,
+    zorSliceWhole  = 21
+} ZorSlicePosition;
+ZORCC_API ZorStatus zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize, unsigned int layout);
+ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, unsigned int layout);
 /* @@END chroma@@ */
 
 /* @@SECTION models-cie@@ (XYZ, LUV, Lab, PhotoYCC) */
