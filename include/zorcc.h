@@ -679,12 +679,163 @@ ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(const Zor8u* pSrcY, i
 /* @@END models-hls@@ */
 
 /* @@SECTION twist@@ (colour twist, gamma) */
+/* Colour twist. An affine 3x4 float matrix t (row-major, caller-owned, only
+ * read) applied to every pixel; output channel c, all in single precision in
+ * exactly this order:
+ *   y_c = ((t[c][0]*x0 + t[c][3]) + t[c][1]*x1) + t[c][2]*x2
+ * Integer results (ColorTwist32f_8u/8s/16u/16s): y >= max of the type gives
+ * the max, y <= min of the type and NaN give the min, anything in between is
+ * rounded to nearest with ties to even (2.5 -> 2, 3.5 -> 4, -2.5 -> -2).
+ * Float results (ColorTwist_32f) are stored unclamped. Layouts: C3, AC4
+ * (fourth sample neither read nor written), P3 (three planes, one shared
+ * step); I forms work in place with the same results. All inputs of a pixel
+ * are read before its outputs are written.
+ * zoriColorTwist_32f_C4R applies a linear 4x4 matrix to four-channel pixels:
+ *   y_c = ((t[c][0]*x0 + t[c][1]*x1) + t[c][2]*x2) + t[c][3]*x3
+ * and, when srcStep == dstStep == 4 * width (bytes), converts width x height
+ * consecutive pixels starting at pSrc/pDst as one run instead of rows.
+ * zoriColorTwist_32f_C3R/_C3IR take packed rows (steps of 12 * width) as one
+ * run too (same result). Rows run serially.
+ * Checks: null pointer, plane pointer or matrix -> zorStsNullPtr; size below
+ * 1x1 -> zorStsBadSize; a step below 1 -> zorStsStepErr. */
+ZORCC_API ZorStatus zoriColorTwist32f_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8u_C3IR(Zor8u* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8u_AC4IR(Zor8u* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8u_P3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8u_IP3R(Zor8u* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8s_C3R(const Zor8s* pSrc, int srcStep, Zor8s* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8s_C3IR(Zor8s* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8s_AC4R(const Zor8s* pSrc, int srcStep, Zor8s* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8s_AC4IR(Zor8s* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8s_P3R(const Zor8s* const pSrc[3], int srcStep, Zor8s* const pDst[3], int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_8s_IP3R(Zor8s* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16u_C3IR(Zor16u* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16u_AC4IR(Zor16u* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16u_P3R(const Zor16u* const pSrc[3], int srcStep, Zor16u* const pDst[3], int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16u_IP3R(Zor16u* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16s_C3IR(Zor16s* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16s_AC4IR(Zor16s* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16s_P3R(const Zor16s* const pSrc[3], int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist32f_16s_IP3R(Zor16s* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_C3IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_AC4IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_P3R(const Zor32f* const pSrc[3], int srcStep, Zor32f* const pDst[3], int dstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_IP3R(Zor32f* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, const Zor32f twist[3][4]);
+ZORCC_API ZorStatus zoriColorTwist_32f_C4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f twist[4][4]);
+
+/* Gamma correction with the video transfer curve on the three colour
+ * channels (C3, AC4 with the fourth sample untouched, P3 with one shared
+ * step, and the in-place forms). With x the sample normalised to the range:
+ *   forward: x >= 0.018  ? 1.099 x^0.45 - 0.099 : 4.5 x
+ *   inverse: x >= 0.0812 ? ((x + 0.099) / 1.099)^(1/0.45) : x / 4.5
+ * (the inverse multiplies by stored reciprocals of 1.099, 0.45 and 4.5).
+ * 8u: two constant 256-entry tables, the curve at range 255 rounded to
+ *   nearest with ties to even (forward maps 1 to 4).
+ * 16u: the curve at range 65535 in double; y + 0.5 is converted to float and
+ *   truncated, and an odd result that the float sum equals exactly is lowered
+ *   by one. Images of at most 65,536 samples (width * 3 * height) are computed
+ *   per sample, larger ones through a 65,536-entry table allocated per call
+ *   (zorStsNoMemory when that fails); both give identical results.
+ * 32f: on the range [vMin, vMax] (r = vMax - vMin, d = v - vMin in float):
+ *   x = d * (1/r), y = curve(x) * r + vMin in double (the linear branches as
+ *   d * 4.5 + vMin and (1/4.5) * d + vMin), stored as float. Samples outside
+ *   the range are not clamped; below vMin they take the linear branch.
+ * Checks: 32f first of all, even before the pointers: vMax - vMin not
+ * greater than 0 (or NaN) -> zorStsBadGammaRange; then null pointer or plane
+ * pointer -> zorStsNullPtr; size below 1x1 -> zorStsBadSize; a step below 1
+ * -> zorStsStepErr. Rows run serially. */
+ZORCC_API ZorStatus zoriGammaFwd_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_8u_C3IR(Zor8u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_8u_AC4IR(Zor8u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_8u_P3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_8u_IP3R(Zor8u* const pSrcDst[3], int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_8u_C3IR(Zor8u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_8u_AC4IR(Zor8u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_8u_P3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_8u_IP3R(Zor8u* const pSrcDst[3], int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_16u_C3IR(Zor16u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_16u_AC4IR(Zor16u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_16u_P3R(const Zor16u* const pSrc[3], int srcStep, Zor16u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_16u_IP3R(Zor16u* const pSrcDst[3], int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_16u_C3IR(Zor16u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_16u_AC4IR(Zor16u* pSrcDst, int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_16u_P3R(const Zor16u* const pSrc[3], int srcStep, Zor16u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaInv_16u_IP3R(Zor16u* const pSrcDst[3], int srcDstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriGammaFwd_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaFwd_32f_C3IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaFwd_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaFwd_32f_AC4IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaFwd_32f_P3R(const Zor32f* const pSrc[3], int srcStep, Zor32f* const pDst[3], int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaFwd_32f_IP3R(Zor32f* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaInv_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaInv_32f_C3IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaInv_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaInv_32f_AC4IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaInv_32f_P3R(const Zor32f* const pSrc[3], int srcStep, Zor32f* const pDst[3], int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
+ZORCC_API ZorStatus zoriGammaInv_32f_IP3R(Zor32f* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
 /* @@END twist@@ */
 
 /* @@SECTION reducebits@@ (bit-depth reduction) */
 /* @@END reducebits@@ */
 
 /* @@SECTION ycocg@@ (YCoCg) */
+/* YCoCg. Interleaved B, G, R (element 0 is B; C4: B, G, R, A) of 8u (BGR)
+ * or 16s (SBGR) samples to and from three planes Y, Co, Cg of 16s or 32s
+ * sharing one step. >> is an arithmetic shift (rounds toward minus infinity);
+ * arithmetic is 32-bit.
+ * Plain forward:  Y = (R + 2G + B + 2) >> 2, Co = (R - B + 1) >> 1,
+ *                 Cg = (2G - R - B + 2) >> 2; 16s planes keep the low 16 bits.
+ * Plain inverse:  R = Y + Co - Cg, G = Y + Cg, B = Y - Co - Cg.
+ * Reversible (_Rev) forward: Co = R - B, t = B + (Co >> 1), Cg = G - t,
+ *   Y = t + (Cg >> 1); with 16s planes from 16s samples Co and Cg are cut to
+ *   16 bits before they are halved, and all three are stored as 16 bits.
+ * Reversible inverse: t = Y - (Cg >> 1), G = Cg + t, B = t - (Co >> 1),
+ *   R = B + Co. The reversible pair gives back every source exactly.
+ * Inverse results: 16s samples keep the low 16 bits (wrap-around); 8u
+ * samples keep the low 16 bits as a signed value and then clamp it to 0..255
+ * (a sum of 65,546 gives 10, not 255). The P3C4R inverses write aval to the
+ * fourth element of every pixel; the C4P3R forwards ignore it.
+ * Checks: null plane array, interleaved pointer or plane -> zorStsNullPtr.
+ * Steps are not checked, and there is NO size check: a width or height below
+ * 1 converts nothing and returns zorStsOk. Rows run serially. */
+ZORCC_API ZorStatus zoriBGRToYCoCg_8u16s_C3P3R(const Zor8u* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCoCg_8u16s_C4P3R(const Zor8u* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_16s_C3P3R(const Zor16s* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_16s_C4P3R(const Zor16s* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_16s32s_C3P3R(const Zor16s* pSrc, int srcStep, Zor32s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_16s32s_C4P3R(const Zor16s* pSrc, int srcStep, Zor32s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToBGR_16s8u_P3C3R(const Zor16s* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToBGR_16s8u_P3C4R(const Zor16s* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_16s_P3C3R(const Zor16s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_16s_P3C4R(const Zor16s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, Zor16s aval);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_32s16s_P3C3R(const Zor32s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_32s16s_P3C4R(const Zor32s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, Zor16s aval);
+ZORCC_API ZorStatus zoriBGRToYCoCg_Rev_8u16s_C3P3R(const Zor8u* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToYCoCg_Rev_8u16s_C4P3R(const Zor8u* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_Rev_16s_C3P3R(const Zor16s* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_Rev_16s_C4P3R(const Zor16s* pSrc, int srcStep, Zor16s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_Rev_16s32s_C3P3R(const Zor16s* pSrc, int srcStep, Zor32s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriSBGRToYCoCg_Rev_16s32s_C4P3R(const Zor16s* pSrc, int srcStep, Zor32s* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToBGR_Rev_16s8u_P3C3R(const Zor16s* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToBGR_Rev_16s8u_P3C4R(const Zor16s* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_16s_P3C3R(const Zor16s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_16s_P3C4R(const Zor16s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, Zor16s aval);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_32s16s_P3C3R(const Zor32s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_32s16s_P3C4R(const Zor32s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, Zor16s aval);
 /* @@END ycocg@@ */
 
 #ifdef __cplusplus
