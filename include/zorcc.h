@@ -676,6 +676,113 @@ ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(const Zor8u* pSrcY, i
 /* @@END models-cie@@ */
 
 /* @@SECTION models-hls@@ (HLS, HSV, gray) */
+/* ------------------------------------------------------------------------ */
+/* RGB/BGR and HLS                                                          */
+/* ------------------------------------------------------------------------ */
+/* Float arithmetic on samples normalised to 0..1 (8u / 255, 16u / 65535,
+ * 16s (v + 32768) / 65535, 32f as is). HLS pixels are stored H, L, S with
+ * H in degrees stored as H/360 of the full scale (32f: H/360). Hue ties go
+ * to red, then green, then blue. Integer pixels are achromatic only when
+ * max == min; 32f pixels whenever max - min <= 1.1920929e-7. No code is
+ * clamped. Rows run in parallel.
+ * RGB family (C3, AC4; 8u, 16u, 16s, 32f): code = (int)(x * scale +
+ * 0.499999f) evaluated in float (so 0.5 * 255 gives 128); 16s codes are
+ * offset by -32768. Steps are not checked; 16-bit and float steps are
+ * turned into sample counts by an arithmetic shift (an odd byte step of a
+ * 16-bit image loses its low bit). AC4: the destination's fourth channel is
+ * neither read nor written. Checks: pointers, size. */
+ZORCC_API ZorStatus zoriRGBToHLS_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHLS_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToRGB_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+/* BGR family, 8u (colour side B, G, R; plane 0 / channel 0 is blue). Planar
+ * sides are arrays of 3 or 4 plane pointers sharing one step. Codes are
+ * floored: (int)((double)(x * 255.0f) + 1e-7) (so 0.5 * 255 gives 127).
+ * Layouts: AP4 four planes both sides, AP4C4 planes to BGRA/HLSA, AC4P4
+ * BGRA/HLSA to planes (alpha copied in these three), P3, P3C3, C3P3.
+ * Checks: pointers and every plane pointer (zorStsNullPtr), then steps
+ * below 1 (zorStsStepErr), then size.
+ * zoriBGRToHLS_8u_AC4R (interleaved BGRA, destination alpha untouched)
+ * rounds like the RGB family and checks pointers, size, then steps. */
+ZORCC_API ZorStatus zoriBGRToHLS_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToHLS_8u_AP4R(const Zor8u* const pSrc[4], int srcStep, Zor8u* const pDst[4], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToBGR_8u_AP4R(const Zor8u* const pSrc[4], int srcStep, Zor8u* const pDst[4], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToHLS_8u_AP4C4R(const Zor8u* const pSrc[4], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToBGR_8u_AP4C4R(const Zor8u* const pSrc[4], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToHLS_8u_AC4P4R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[4], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToBGR_8u_AC4P4R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[4], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToHLS_8u_P3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToBGR_8u_P3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToHLS_8u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToBGR_8u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToHLS_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHLSToBGR_8u_C3P3R(const Zor8u* pSrc, int srcStep, Zor8u* const pDst[3], int dstStep, ZoriSize roiSize);
+
+/* ------------------------------------------------------------------------ */
+/* RGB and HSV (8u, 16u; C3, AC4)                                           */
+/* ------------------------------------------------------------------------ */
+/* Pixels H, S, V. V = max(R, G, B) unchanged; S = (max - min) / max on the
+ * code scale (255 or 65535); H is the hue in sextants 0..6 stored as
+ * h * scale / 6, computed with priority blue, green, red. Codes are
+ * (int)(x + 0.499999f), unclamped. A negative 8u hue wraps by +255 code
+ * units; a negative 16u hue (below -1.1920929e-7) by +6 sextants. In the
+ * inverse the top hue code (255 or 65535) means hue 0. Rows run in
+ * parallel; steps are not checked (16u: byte step >> 1); AC4 leaves the
+ * destination's fourth channel untouched. Checks: pointers, size. */
+ZORCC_API ZorStatus zoriRGBToHSV_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHSVToRGB_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHSV_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHSVToRGB_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHSV_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHSVToRGB_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToHSV_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriHSVToRGB_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+
+/* ------------------------------------------------------------------------ */
+/* Colour to gray (C3C1, AC4C1; the fourth source channel is ignored)       */
+/* ------------------------------------------------------------------------ */
+/* gray = w0 c0 + w1 c1 + w2 c2 over source channels 0..2. Default weights
+ * 0.299, 0.587, 0.114 (8u: 1225, 2404, 467 in 1/4096 units). ColorToGray
+ * takes three float weights after roiSize; a null weight pointer means the
+ * default weights.
+ *  8u:  unsigned 32-bit sum of 12-bit weights >> 12, low 8 bits stored (no
+ *       rounding, no clamp: large sums and negative weights wrap). Caller
+ *       weights become (int)((double)w * 4096 + 0.5).
+ *  16u: float sum truncated toward zero, low 16 bits stored.
+ *  16s: the same on (v + 32768), then 32768 subtracted (low 16 bits).
+ *  32f: float sum, unclamped.
+ * A truncation whose value lies outside the 32-bit integer range (or is
+ * NaN) gives INT32_MIN (so 16-bit results 0 or -32768, 8u weights
+ * 0x80000000). Rows run serially; steps are not checked (16-bit and float
+ * byte steps shifted right by 1 or 2). Checks: pointers, size. */
+ZORCC_API ZorStatus zoriRGBToGray_8u_C3C1R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_8u_AC4C1R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_16u_C3C1R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_16u_AC4C1R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_16s_C3C1R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_16s_AC4C1R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_32f_C3C1R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToGray_32f_AC4C1R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriColorToGray_8u_C3C1R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_8u_AC4C1R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_16u_C3C1R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_16u_AC4C1R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_16s_C3C1R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_16s_AC4C1R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_32f_C3C1R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
+ZORCC_API ZorStatus zoriColorToGray_32f_AC4C1R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
 /* @@END models-hls@@ */
 
 /* @@SECTION twist@@ (colour twist, gamma) */
