@@ -673,6 +673,101 @@ ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(const Zor8u* pSrcY, i
 /* @@END chroma@@ */
 
 /* @@SECTION models-cie@@ (XYZ, LUV, Lab, PhotoYCC) */
+/* Colour models on the row-parallel frame (a team of threads_omp_of_n_zor).
+ * Checks: null source or destination -> zorStsNullPtr, then width or height
+ * below 1 -> zorStsBadSize; steps are not checked. Steps are in bytes; 16-bit
+ * forms use step >> 1 words and 32f forms step >> 2 floats (low bits lost),
+ * except zoriRGBToLUV_32f_*, which uses the byte step as it is. C3: three
+ * channels; AC4R: four, of which the fourth is neither read nor written.
+ * 16s samples are the 16u value minus 32768 on input and output.
+ * "trunc(v + h)" below means v + 0.499999 truncated toward zero. */
+
+/* RGB <-> CIE XYZ (D65, BT.709 primaries), samples on their own scale
+ * (0..255, 0..65535, 0..1); X, Y, Z use the same scale as R, G, B.
+ *   8u: 16.16 fixed point, floor, no rounding: white gives (242, 254, 255);
+ *       Z (up to 277) and the inverse saturate to 0..255.
+ *   16u/16s: float, trunc(v + h); X, Y keep 16 bits, Z and the inverse
+ *       saturate to 0..65535 (16u inverse: blue row summed in double).
+ *   32f: float; Z and the inverse are clamped to 0..1, X and Y are not. */
+ZORCC_API ZorStatus zoriRGBToXYZ_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToXYZ_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriXYZToRGB_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+
+/* RGB <-> CIE L*u*v* (D65). Codes: L*scale/100, (u+134)*scale/354,
+ * (v+140)*scale/262 with scale 255 (8u) or 65535 (16u, 16s: code - 32768).
+ *   8u forward: L code from a 256-entry table of the rounded luminance, u and
+ *       v from that L code with the rounding half folded into their offsets.
+ *   16u/16s forward: trunc(code + h), no clamp. Inverse: trunc(v + h),
+ *       saturated; an L code of 0 gives black.
+ *   32f: L 0..100, u, v unscaled, RGB 0..1 (inverse clamped to 0..1). In the
+ *       32f inverse a pixel with L below 9e-5 zeroes its destination pixel and
+ *       stalls the row there: the rest of that destination row is untouched. */
+ZORCC_API ZorStatus zoriRGBToLUV_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToLUV_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLUVToRGB_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+
+/* RGB <-> PhotoYCC. With Yl = 0.299 R + 0.587 G + 0.114 B: Y = 0.7132668 Yl,
+ * C1 = 0.43686*(B - Yl) + 156, C2 = 0.53192*(R - Yl) + 137 on the 8-bit
+ * scale; offsets 40092/35209 for 16u (16s: minus 32768), 0.6117647/0.5372549
+ * for 32f.
+ *   8u: fixed point, floors, chroma kept to 8 bits; inverse 12 fraction bits,
+ *       saturated to 0..255.
+ *   16u/16s: float, trunc(v + h); forward unclamped, inverse 0..65535.
+ *   32f: float, no rounding; inverse clamped to 0..1. */
+ZORCC_API ZorStatus zoriRGBToYCC_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriRGBToYCC_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_32f_C3R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriYCCToRGB_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize);
+
+/* BGR (B, G, R bytes) <-> CIE L*a*b* (D65), interleaved three channels.
+ * 8u codes: L*255/100, a + 128, b + 128; forward rounds by + 0.5 and
+ * truncation, inverse adds 0.5 before truncation and saturates to 0..255.
+ * 16u codes: L*65535/100, (a + 128)*255, (b + 128)*255; the 8u16u forward
+ * truncates them and the 16u8u inverse truncates B, G, R (then 0..255), both
+ * without a rounding half. Forward codes are not clamped. The inverse uses
+ * the plain cube (no linear segment). */
+ZORCC_API ZorStatus zoriBGRToLab_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriBGRToLab_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLabToBGR_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
+ZORCC_API ZorStatus zoriLabToBGR_16u8u_C3R(const Zor16u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
 /* @@END models-cie@@ */
 
 /* @@SECTION models-hls@@ (HLS, HSV, gray) */
