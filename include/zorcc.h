@@ -992,6 +992,78 @@ ZORCC_API ZorStatus zoriGammaInv_32f_IP3R(Zor32f* const pSrcDst[3], int srcDstSt
 /* @@END twist@@ */
 
 /* @@SECTION reducebits@@ (bit-depth reduction) */
+/* ------------------------------------------------------------------------ */
+/* Bit-depth reduction to `levels` evenly spaced output levels              */
+/* ------------------------------------------------------------------------ */
+/* Types: 8u, 16u, 16s (same type out), 16u8u, 16s8u (16-bit in, bytes out),
+ * 32f8u, 32f16u, 32f16s (float 0..1 in). Layouts C1, C3, AC4 (alpha neither
+ * read nor written), C4 (all four channels). Steps in bytes, not checked,
+ * may be negative; the dither methods round a step that is not a multiple of
+ * the element size down to one.
+ * Checks in order: pointers (zorStsNullPtr), size (zorStsBadSize), noise
+ * outside 0..100 (zorStsNoiseRangeErr, checked for every method), levels
+ * outside 2..256, or 2..65536 for 16u and 16s (zorStsLevelsRangeErr; the
+ * 32f16u and 32f16s members keep the 256 limit). A dtype other than 0..4 does
+ * nothing and returns zorStsOk. The dither methods allocate working memory
+ * and return zorStsNoMemory when they cannot.
+ * zorDitherNone: single precision on 0..1 (16s shifted by +32768): with
+ *   m = levels - 1, k = trunc(m*x), q = k/m, plus 1/m when x - q > 0.5/m,
+ *   out = min(trunc(q*255 or q*65535), top). The top input gives 254 for some
+ *   level counts (42, 48, 56, ...), and 16u with 65536 levels is not the
+ *   identity. A 32f value below 0 wraps. Serial; noise is ignored.
+ * Dither methods work on 0..255 (8u), 0..65535 (16-bit sources) or 0..1
+ *   (32f): step = scale/m, k = trunc(v/step + 0.000009). 8u levels are
+ *   (k*M) >> 8 with M = trunc(65280/m + 0.000009), so the top level is 254
+ *   when m does not divide 65280; other types write trunc(k*step*scale +
+ *   0.000009) (>> 8 for 16-bit sources into bytes).
+ * zorDitherFS, zorDitherJJN, zorDitherStucki: error diffusion, left to right
+ *   on every row; saturated samples (at or above the top, below 0 or, for
+ *   32f, below 2^-23 or NaN) drop their error. Channels are split among the
+ *   granted threads T (T = 2: channels {0,1},{2..}; T = 3: one each, or
+ *   {0,1},{2},{3} for C4; T >= 4: one each), and a thread carries its error
+ *   rows from one channel into the next: multi-channel results depend on T.
+ * zorDitherBayer: 4x4 matrix thresholds index/15 (0..1 inclusive) times the
+ *   step, phase tied to the region; row-parallel. 16-bit sources clamp to the
+ *   destination range; 8u and 32f store the low bits of the level unclamped
+ *   (white at 8 or 42 levels rounds up past the top at the threshold-0
+ *   positions and wraps), and 32f values outside 0..1 are not clamped.
+ * noise 1..100 with a dither method perturbs the rounding threshold by a
+ *   repeatable table (uniform generators seeded 0); results stay identical
+ *   from call to call.
+ * Float-to-int conversions of 32f values out of the int range saturate; NaN
+ *   converts as the most negative int. */
+ZORCC_API ZorStatus zoriReduceBits_8u_C1R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_8u_AC4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_8u_C4R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u_C1R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u_C3R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u_AC4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u_C4R(const Zor16u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s_C1R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s_C3R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s_AC4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s_C4R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u8u_C1R(const Zor16u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u8u_C3R(const Zor16u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u8u_AC4R(const Zor16u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16u8u_C4R(const Zor16u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s8u_C1R(const Zor16s* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s8u_C3R(const Zor16s* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s8u_AC4R(const Zor16s* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_16s8u_C4R(const Zor16s* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f8u_C1R(const Zor32f* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f8u_C3R(const Zor32f* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f8u_AC4R(const Zor32f* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f8u_C4R(const Zor32f* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16u_C1R(const Zor32f* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16u_C3R(const Zor32f* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16u_AC4R(const Zor32f* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16u_C4R(const Zor32f* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16s_C1R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16s_C3R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16s_AC4R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
+ZORCC_API ZorStatus zoriReduceBits_32f16s_C4R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
 /* @@END reducebits@@ */
 
 /* @@SECTION ycocg@@ (YCoCg) */
