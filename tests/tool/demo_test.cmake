@@ -1,5 +1,6 @@
 # Runs the demo into a fresh folder and checks that it reports the round trip
-# and leaves complete PNG files (and no partial ones).
+# and the tour of the families, and leaves complete PNG files (and no partial
+# ones).
 file(REMOVE_RECURSE ${OUT})
 execute_process(COMMAND ${ZORCC} demo --out ${OUT} RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT rc EQUAL 0)
@@ -8,7 +9,12 @@ endif()
 if(NOT out MATCHES "round-trip error" OR NOT out MATCHES "truncating decoder +[0-9]+")
   message(FATAL_ERROR "zorcc demo did not report the round trip:\n${out}")
 endif()
-foreach(name card luma roundtrip_truncating roundtrip_rounding error_x32)
+if(NOT out MATCHES "tour of the families" OR NOT out MATCHES "RGB565, ordered dither +[0-9.]+ +[0-9.]+"
+   OR NOT out MATCHES "YCoCg reversible round trip +[0-9.]+ +[0-9.]+ +0 ")
+  message(FATAL_ERROR "zorcc demo did not report its tour (or YCoCg was not exact):\n${out}")
+endif()
+foreach(name card luma roundtrip_truncating roundtrip_rounding error_x32
+        tour_420 tour_rgb565_dither tour_lab tour_gamma_curve tour_reduce_fs tour_reduce_bayer tour_ycocg)
   set(f ${OUT}/${name}.png)
   if(NOT EXISTS ${f})
     message(FATAL_ERROR "missing ${f}")

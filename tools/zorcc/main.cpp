@@ -1,27 +1,20 @@
 // zorcc: command-line front end of the colour-conversion library.
-//   zorcc version          the library's version record and thread count
-//   zorcc demo [--out DIR] the built-in test card through the library, with
-//                          round-trip error and timings, written as PNG files
-#include "image_io.h"
-#include "testcard.h"
+//   zorcc version                     the library's version record and thread count
+//   zorcc list                        every op of `convert` and the functions it calls
+//   zorcc convert IN OUT --op OP ...  one conversion (or a chain) of an image or video
+//   zorcc demo [--out DIR]            the built-in test card through the library
+//   zorcc bench [--size WxH]          times of the main conversions
+#include "commands.h"
 
 #include "zorcc.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <chrono>
-#include <cmath>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <functional>
 #include <stdexcept>
 #include <string>
 
 namespace {
-
-using zorcc_tool::Image8;
 
 void printVersion() {
     const ZorLibraryVersion* v = zorccGetLibVersion();
@@ -33,130 +26,79 @@ void printVersion() {
     std::printf("threads      %d\n", threads_omp_of_n_zor);
 }
 
-// Fails with the library's status in the message.
-void check(ZorStatus st, const char* what) {
-    if (st < 0) throw std::runtime_error(std::string(what) + " failed with status " + std::to_string(st));
-}
-
-// Best time of a few runs, in seconds.
-double timeIt(const std::function<void()>& fn, int runs = 5) {
-    double best = 1e30;
-    for (int i = 0; i < runs; ++i) {
-        const auto t0 = std::chrono::steady_clock::now();
-        fn();
-        const auto t1 = std::chrono::steady_clock::now();
-        best = std::min(best, std::chrono::duration<double>(t1 - t0).count());
-    }
-    return best;
-}
-
-struct ErrorStats {
-    int maxAbs = 0;
-    double meanAbs = 0;
-    double psnr = 0;
-};
-
-ErrorStats compare(const Image8& a, const Image8& b) {
-    ErrorStats s;
-    double sum = 0, sq = 0;
-    for (std::size_t i = 0; i < a.pixels.size(); ++i) {
-        const int d = std::abs(int(a.pixels[i]) - int(b.pixels[i]));
-        s.maxAbs = std::max(s.maxAbs, d);
-        sum += d;
-        sq += double(d) * d;
-    }
-    const double n = double(a.pixels.size());
-    s.meanAbs = sum / n;
-    s.psnr = sq == 0 ? INFINITY : 10 * std::log10(255.0 * 255.0 / (sq / n));
-    return s;
-}
-
-// The error of a round trip made visible: |a - b| times 32, per channel.
-Image8 errorMap(const Image8& a, const Image8& b) {
-    Image8 m(a.width, a.height, a.channels);
-    for (std::size_t i = 0; i < a.pixels.size(); ++i)
-        m.pixels[i] = static_cast<std::uint8_t>(std::min(255, 32 * std::abs(int(a.pixels[i]) - int(b.pixels[i]))));
-    return m;
-}
-
-int runDemo(const std::string& outDir) {
-    namespace fs = std::filesystem;
-    fs::create_directories(outDir);
-    const Image8 card = zorcc_tool::makeTestCard(1280, 720);
-    const ZoriSize roi{card.width, card.height};
-    const double mpix = double(card.width) * card.height / 1e6;
-
-    std::printf("zorcc demo: %dx%d test card, library %s, %d threads\n\n", card.width, card.height,
-                zorccGetLibVersion()->versionText, threads_omp_of_n_zor);
-    std::printf("%-44s %10s %10s\n", "step", "ms", "Mpix/s");
-    auto report = [&](const char* step, double sec) {
-        std::printf("%-44s %10.3f %10.1f\n", step, sec * 1e3, mpix / sec);
-    };
-
-    // Interleaved: RGB -> YCbCr -> RGB with the truncating decoder.
-    Image8 ycc(card.width, card.height, 3), back(card.width, card.height, 3);
-    report("RGB -> YCbCr 4:4:4 (interleaved)", timeIt([&] {
-               check(zoriRGBToYCbCr_8u_C3R(card.pixels.data(), card.step(), ycc.pixels.data(), ycc.step(), roi),
-                     "zoriRGBToYCbCr_8u_C3R");
-           }));
-    report("YCbCr -> RGB 4:4:4 (interleaved, truncating)", timeIt([&] {
-               check(zoriYCbCrToRGB_8u_C3R(ycc.pixels.data(), ycc.step(), back.pixels.data(), back.step(), roi),
-                     "zoriYCbCrToRGB_8u_C3R");
-           }));
-
-    // Planar: the same card through planes and the rounding decoder.
-    Image8 rp(card.width, card.height, 1), gp = rp, bp = rp, yp = rp, cbp = rp, crp = rp;
-    for (std::size_t i = 0, n = rp.pixels.size(); i < n; ++i) {
-        rp.pixels[i] = card.pixels[3 * i];
-        gp.pixels[i] = card.pixels[3 * i + 1];
-        bp.pixels[i] = card.pixels[3 * i + 2];
-    }
-    const Zor8u* rgbPlanes[3] = {rp.pixels.data(), gp.pixels.data(), bp.pixels.data()};
-    Zor8u* yccPlanes[3] = {yp.pixels.data(), cbp.pixels.data(), crp.pixels.data()};
-    const Zor8u* yccIn[3] = {yp.pixels.data(), cbp.pixels.data(), crp.pixels.data()};
-    Image8 backB(card.width, card.height, 3);
-    report("RGB -> YCbCr 4:4:4 (planar)", timeIt([&] {
-               check(zoriRGBToYCbCr_8u_P3R(rgbPlanes, rp.step(), yccPlanes, yp.step(), roi), "zoriRGBToYCbCr_8u_P3R");
-           }));
-    report("YCbCr planar -> RGB (rounding)", timeIt([&] {
-               check(zoriYCbCrToRGB_8u_P3C3R(yccIn, yp.step(), backB.pixels.data(), backB.step(), roi),
-                     "zoriYCbCrToRGB_8u_P3C3R");
-           }));
-
-    const ErrorStats ea = compare(card, back), eb = compare(card, backB);
-    std::printf("\nround-trip error        max    mean     PSNR\n");
-    std::printf("  truncating decoder  %5d  %6.3f  %6.2f dB\n", ea.maxAbs, ea.meanAbs, ea.psnr);
-    std::printf("  rounding decoder    %5d  %6.3f  %6.2f dB\n", eb.maxAbs, eb.meanAbs, eb.psnr);
-
-    const fs::path dir(outDir);
-    zorcc_tool::writePng((dir / "card.png").string(), card);
-    zorcc_tool::writePng((dir / "luma.png").string(), yp);
-    zorcc_tool::writePng((dir / "roundtrip_truncating.png").string(), back);
-    zorcc_tool::writePng((dir / "roundtrip_rounding.png").string(), backB);
-    zorcc_tool::writePng((dir / "error_x32.png").string(), errorMap(card, back));
-    std::printf("\nwrote card.png, luma.png, roundtrip_truncating.png, roundtrip_rounding.png, error_x32.png to %s/\n",
-                outDir.c_str());
-    return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app{"zorcc: colour conversions of images with the zorcc library"};
+    using namespace zorcc_tool;
+    CLI::App app{"zorcc: colour conversions of images and video with the zorcc library"};
     app.require_subcommand(1);
-    auto* version = app.add_subcommand("version", "print the library's version record and thread count");
-    auto* demo = app.add_subcommand("demo", "convert the built-in test card and write the results as PNG files");
-    std::string outDir = "zorcc-demo";
-    demo->add_option("--out", outDir, "folder for the PNG files (created if missing)")->capture_default_str();
     int threads = 0;
     app.add_option("--threads", threads, "team size of the parallel conversions (default: all processors)")
         ->check(CLI::PositiveNumber);
 
-    CLI11_PARSE(app, argc, argv);
+    app.add_subcommand("version", "print the library's version record and thread count");
+
+    auto* list = app.add_subcommand("list", "list every op of convert with the library functions it calls");
+    bool verbose = false;
+    list->add_flag("-v,--verbose", verbose, "one line per library function");
+
+    auto* convert = app.add_subcommand("convert", "convert an image or video file with one op or a chain of ops");
+    ConvertArgs ca;
+    convert->add_option("IN", ca.in, "input: .png, .ppm/.pgm, .y4m, or raw frames (with --size and --format)")->required();
+    convert->add_option("OUT", ca.out,
+                        "output: .png, .ppm/.pgm (a %d in the name numbers several frames), .y4m, or raw (.yuv, .rgb565, ...)")
+        ->required();
+    convert->add_option("--op", ca.ops, "op, or ops separated by commas and applied in order (zorcc list)")->required();
+    convert->add_option("--size", ca.size, "WxH of a raw input");
+    convert->add_option("--format", ca.format, "layout of a raw input: i420|nv12|yuy2|uyvy|i422|i444|i411|bgr565|bgr555");
+    convert->add_option("--to", ca.options.to, "YUV layout written by encode, relayout, deinterlace: " + yuvFormatList());
+    convert->add_option("--frame", ca.frame, "convert only this frame (counted from 0)")->check(CLI::NonNegativeNumber);
+    convert->add_option("--frames", ca.frames, "convert at most this many frames")->check(CLI::PositiveNumber);
+    convert->add_option("--matrix", ca.options.matrix, "twist: 12 numbers, 'r0 g0 b0 o0; r1 g1 b1 o1; r2 g2 b2 o2'");
+    convert->add_option("--weights", ca.options.weights, "rgb-to-gray: three weights 'wr,wg,wb'");
+    convert->add_option("--method", ca.options.method, "reduce: none|fs|jjn|stucki|bayer")
+        ->check(CLI::IsMember({"none", "fs", "jjn", "stucki", "bayer"}))
+        ->capture_default_str();
+    convert->add_option("--levels", ca.options.levels, "reduce: output levels per channel (2..256, 16-bit: 2..65536)")
+        ->capture_default_str();
+    convert->add_option("--noise", ca.options.noise, "reduce: noise added to the dither threshold, 0..100")
+        ->check(CLI::Range(0, 100));
+    convert->add_flag("--dither", ca.options.dither, "rgb565/rgb555/rgb444 ops: 4x4 ordered dither");
+    convert->add_option("--bits", ca.options.bits, "8 or 16: sample depth where an op offers both")
+        ->check(CLI::IsMember({8, 16}));
+    convert->add_flag("--reversible", ca.options.reversible, "YCoCg ops: the lossless lifting form");
+    convert->add_flag("-q,--quiet", ca.quiet, "no progress bar");
+
+    auto* demo = app.add_subcommand("demo", "convert the built-in test card and write the results as PNG files");
+    std::string outDir = "zorcc-demo";
+    demo->add_option("--out", outDir, "folder for the PNG files (created if missing)")->capture_default_str();
+
+    auto* bench = app.add_subcommand("bench", "time the main conversions on random images");
+    std::string benchSize = "1920x1080";
+    int runs = 5;
+    bench->add_option("--size", benchSize, "image size WxH")->capture_default_str();
+    bench->add_option("--runs", runs, "runs per conversion (the best is shown)")->check(CLI::PositiveNumber)->capture_default_str();
+    // --threads may also follow the subcommand.
+    bench->add_option("--threads", threads, "team size of the parallel conversions")->check(CLI::PositiveNumber);
+    convert->add_option("--threads", threads, "team size of the parallel conversions")->check(CLI::PositiveNumber);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::CallForAllHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::ParseError& e) {
+        std::fprintf(stderr, "zorcc: %s (zorcc --help)\n", e.what());
+        return 2;
+    }
     if (threads > 0) threads_omp_of_n_zor = threads;
     try {
-        if (*version) printVersion();
+        if (app.got_subcommand("version")) printVersion();
+        if (*list) return runList(verbose);
+        if (*convert) return runConvert(ca);
         if (*demo) return runDemo(outDir);
+        if (*bench) return runBench(benchSize, runs);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "zorcc: %s\n", e.what());
         return 1;

@@ -1,0 +1,86 @@
+// The conversions of `zorcc convert`: a table of operations, each a few
+// lines over the library, independent of the file formats.
+#pragma once
+
+#include "yuv_io.h"
+
+#include "zorcc.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zorcc_tool {
+
+// Options that the operations read (from the command line of `convert`).
+struct OpOptions {
+    std::string to;                  // destination YUV layout (encode, relayout)
+    std::string matrix;              // colour twist: 12 numbers, rows separated by ';' or ','
+    std::string weights;             // gray weights "wr,wg,wb"
+    std::string method = "fs";       // bit reduction: none|fs|jjn|stucki|bayer
+    int levels = 4;                  // bit reduction: output levels per channel
+    int noise = 0;                   // bit reduction: 0..100
+    bool dither = false;             // packed 16-bit output: 4x4 ordered dither
+    int bits = 0;                    // 8 or 16: sample depth of the result where an op offers both
+    bool reversible = false;         // YCoCg: lifting (lossless) form
+};
+
+struct Op {
+    std::string name;
+    std::string family;
+    std::string description;
+    std::vector<std::string> functions;  // library functions called
+    int inKinds;                         // bit set of Kind values accepted
+    Kind outKind;
+    std::function<Data(const Data&, const OpOptions&)> run;
+};
+
+// Every op, in the order `zorcc list` shows them.
+const std::vector<Op>& allOps();
+// The op of that name, or nullptr.
+const Op* findOp(const std::string& name);
+
+// Families register their ops here (one function per family).
+void addVideoOps(std::vector<Op>& ops);
+void addPackedOps(std::vector<Op>& ops);
+void addChromaOps(std::vector<Op>& ops);
+void addModelOps(std::vector<Op>& ops);
+void addTwistOps(std::vector<Op>& ops);
+void addReduceOps(std::vector<Op>& ops);
+void addYCoCgOps(std::vector<Op>& ops);
+
+// Helpers shared by the ops.
+
+// Throws std::runtime_error naming the function and the status when a call
+// fails; warnings (positive statuses) are accepted.
+void check(ZorStatus st, const char* function);
+#define ZORCC_CALL(call) ::zorcc_tool::check(call, #call)
+
+inline ZoriSize roiOf(int w, int h) { return ZoriSize{w, h}; }
+
+// The input as an 8-bit RGB image (gray replicated, alpha dropped; 16-bit
+// samples narrowed).
+Image8 rgb8Of(const Data& in);
+// The input as a 16-bit RGB image (8-bit samples widened by 257).
+Image16 rgb16Of(const Data& in);
+// R and B swapped in place (RGB <-> BGR, three channels).
+template <typename T>
+void swapRB(Raster<T>& img) {
+    for (std::size_t i = 0; i + 2 < img.pixels.size(); i += static_cast<std::size_t>(img.channels))
+        std::swap(img.pixels[i], img.pixels[i + 2]);
+}
+
+// Destination layout from --to (default `fallback`).
+YuvFormat targetFormat(const OpOptions& o, YuvFormat fallback);
+
+// Plane pointer and step arrays of a planar frame.
+struct Planes {
+    std::array<const Zor8u*, 3> src{};
+    std::array<Zor8u*, 3> dst{};
+    std::array<int, 3> step{};
+};
+Planes planesOf(YuvFrame& f);
+Planes planesOf(const YuvFrame& f);
+
+}  // namespace zorcc_tool
