@@ -196,7 +196,6 @@ ZORCC_API ZorStatus zoriYCbCrToRGB_8u_P3C3R(const Zor8u* const pSrc[3], int srcS
 ZORCC_API ZorStatus zoriYCbCrToBGR_8u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
 ZORCC_API ZorStatus zoriYCbCrToBGR_8u_P3C4R(const Zor8u* const pSrc[3], int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, Zor8u aval);
 
-/* @@SECTION video-subsampled@@ (4:2:2, 4:2:0, 4:1:1 YCbCr and packed BGR input) */
 /* ------------------------------------------------------------------------ */
 /* Subsampled YCbCr (4:2:2, 4:2:0, 4:1:1) and RGB/BGR, 8-bit                */
 /* ------------------------------------------------------------------------ */
@@ -307,9 +306,6 @@ ZORCC_API ZorStatus zoriBGR565ToYCrCb420_16u8u_C3P3R(const Zor16u* pSrc, int src
 ZORCC_API ZorStatus zoriBGR555ToYCrCb420_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
 ZORCC_API ZorStatus zoriBGR565ToYCbCr411_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
 ZORCC_API ZorStatus zoriBGR555ToYCbCr411_16u8u_C3P3R(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize);
-/* @@END video-subsampled@@ */
-
-/* @@SECTION video-packed@@ (packed 565/555/444 output, YUV) */
 
 /* ------------------------------------------------------------------------ */
 /* YCbCr and YUV 4:2:0 to packed 16-bit RGB/BGR words                       */
@@ -519,9 +515,10 @@ ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3R(const Zor8u* const pSrc[3], const int
 ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3(const Zor8u* const pSrc[3], Zor8u* const pDst[3], ZoriSize imgSize);
 ZORCC_API ZorStatus zoriYUV420ToRGB_8u_P3AC4R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
 ZORCC_API ZorStatus zoriYUV420ToBGR_8u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep, ZoriSize roiSize);
-/* @@END video-packed@@ */
 
-/* @@SECTION chroma@@ (chroma layout conversions) */
+/* ------------------------------------------------------------------------ */
+/* Chroma layout conversions (4:2:2, 4:2:0, 4:1:1)                          */
+/* ------------------------------------------------------------------------ */
 /* Chroma layout conversions of 8-bit 4:2:2, 4:2:0 and 4:1:1 video. These
  * only move samples: luma is copied, chroma is copied, dropped, duplicated
  * or moved; there is no averaging, rounding or saturation (except in the
@@ -670,9 +667,10 @@ typedef enum ZorSlicePosition {
 } ZorSlicePosition;
 ZORCC_API ZorStatus zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* const pDst[3], const int dstStep[3], ZoriSize roiSize, unsigned int layout);
 ZORCC_API ZorStatus zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(const Zor8u* pSrcY, int srcYStep, const Zor8u* pSrcCbCr, int srcCbCrStep, Zor8u* pDst, int dstStep, ZoriSize roiSize, unsigned int layout);
-/* @@END chroma@@ */
 
-/* @@SECTION models-cie@@ (XYZ, LUV, Lab, PhotoYCC) */
+/* ------------------------------------------------------------------------ */
+/* Colour models: CIE XYZ, LUV, Lab and PhotoYCC                            */
+/* ------------------------------------------------------------------------ */
 /* Colour models on the row-parallel frame (a team of threads_omp_of_n_zor).
  * Checks: null source or destination -> zorStsNullPtr, then width or height
  * below 1 -> zorStsBadSize; steps are not checked. Steps are in bytes; 16-bit
@@ -768,9 +766,7 @@ ZORCC_API ZorStatus zoriBGRToLab_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* p
 ZORCC_API ZorStatus zoriBGRToLab_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roiSize);
 ZORCC_API ZorStatus zoriLabToBGR_8u_C3R(const Zor8u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
 ZORCC_API ZorStatus zoriLabToBGR_16u8u_C3R(const Zor16u* pSrc, int srcStep, Zor8u* pDst, int dstStep, ZoriSize roiSize);
-/* @@END models-cie@@ */
 
-/* @@SECTION models-hls@@ (HLS, HSV, gray) */
 /* ------------------------------------------------------------------------ */
 /* RGB/BGR and HLS                                                          */
 /* ------------------------------------------------------------------------ */
@@ -878,9 +874,10 @@ ZORCC_API ZorStatus zoriColorToGray_16s_C3C1R(const Zor16s* pSrc, int srcStep, Z
 ZORCC_API ZorStatus zoriColorToGray_16s_AC4C1R(const Zor16s* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
 ZORCC_API ZorStatus zoriColorToGray_32f_C3C1R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
 ZORCC_API ZorStatus zoriColorToGray_32f_AC4C1R(const Zor32f* pSrc, int srcStep, Zor32f* pDst, int dstStep, ZoriSize roiSize, const Zor32f* coeffs);
-/* @@END models-hls@@ */
 
-/* @@SECTION twist@@ (colour twist, gamma) */
+/* ------------------------------------------------------------------------ */
+/* Colour twist and gamma correction                                        */
+/* ------------------------------------------------------------------------ */
 /* Colour twist. An affine 3x4 float matrix t (row-major, caller-owned, only
  * read) applied to every pixel; output channel c, all in single precision in
  * exactly this order:
@@ -989,9 +986,7 @@ ZORCC_API ZorStatus zoriGammaInv_32f_AC4R(const Zor32f* pSrc, int srcStep, Zor32
 ZORCC_API ZorStatus zoriGammaInv_32f_AC4IR(Zor32f* pSrcDst, int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
 ZORCC_API ZorStatus zoriGammaInv_32f_P3R(const Zor32f* const pSrc[3], int srcStep, Zor32f* const pDst[3], int dstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
 ZORCC_API ZorStatus zoriGammaInv_32f_IP3R(Zor32f* const pSrcDst[3], int srcDstStep, ZoriSize roiSize, Zor32f vMin, Zor32f vMax);
-/* @@END twist@@ */
 
-/* @@SECTION reducebits@@ (bit-depth reduction) */
 /* ------------------------------------------------------------------------ */
 /* Bit-depth reduction to `levels` evenly spaced output levels              */
 /* ------------------------------------------------------------------------ */
@@ -1064,9 +1059,10 @@ ZORCC_API ZorStatus zoriReduceBits_32f16s_C1R(const Zor32f* pSrc, int srcStep, Z
 ZORCC_API ZorStatus zoriReduceBits_32f16s_C3R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
 ZORCC_API ZorStatus zoriReduceBits_32f16s_AC4R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
 ZORCC_API ZorStatus zoriReduceBits_32f16s_C4R(const Zor32f* pSrc, int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, int noise, ZorDitherType dtype, int levels);
-/* @@END reducebits@@ */
 
-/* @@SECTION ycocg@@ (YCoCg) */
+/* ------------------------------------------------------------------------ */
+/* YCoCg transforms                                                         */
+/* ------------------------------------------------------------------------ */
 /* YCoCg. Interleaved B, G, R (element 0 is B; C4: B, G, R, A) of 8u (BGR)
  * or 16s (SBGR) samples to and from three planes Y, Co, Cg of 16s or 32s
  * sharing one step. >> is an arithmetic shift (rounds toward minus infinity);
@@ -1110,7 +1106,6 @@ ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_16s_P3C3R(const Zor16s* const pSrc[3], i
 ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_16s_P3C4R(const Zor16s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, Zor16s aval);
 ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_32s16s_P3C3R(const Zor32s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize);
 ZORCC_API ZorStatus zoriYCoCgToSBGR_Rev_32s16s_P3C4R(const Zor32s* const pSrc[3], int srcStep, Zor16s* pDst, int dstStep, ZoriSize roiSize, Zor16s aval);
-/* @@END ycocg@@ */
 
 #ifdef __cplusplus
 }

@@ -82,7 +82,7 @@ int runConvert(const ConvertArgs& a) {
         if (fs::exists(a.out, ec) && fs::equivalent(a.in, a.out, ec))
             throw std::runtime_error("the output " + a.out + " is the input file");
     }
-    RawSpec raw;
+    RawDescription raw;
     if (!a.size.empty()) parseSize(a.size, raw.width, raw.height);
     raw.format = a.format;
     auto reader = openReader(a.in, raw);

@@ -212,27 +212,27 @@ private:
 // Frames laid end to end without headers.
 class RawReader : public FrameReader {
 public:
-    RawReader(const std::string& path, const RawSpec& spec) : path_(path), spec_(spec), file_(path, "rb") {
-        if (spec.width < 1 || spec.height < 1)
+    RawReader(const std::string& path, const RawDescription& raw) : path_(path), raw_(raw), file_(path, "rb") {
+        if (raw.width < 1 || raw.height < 1)
             throw std::runtime_error(path + ": a raw input needs --size WxH and --format (" + yuvFormatList() +
                                      "|bgr565|bgr555)");
-        packed_ = isPacked16Format(spec.format);
+        packed_ = isPacked16Format(raw.format);
         if (packed_) {
-            frame_ = static_cast<std::size_t>(spec.width) * spec.height * 2;
+            frame_ = static_cast<std::size_t>(raw.width) * raw.height * 2;
         } else {
-            if (!parseYuvFormat(spec.format, yuv_))
-                throw std::runtime_error(spec.format.empty()
+            if (!parseYuvFormat(raw.format, yuv_))
+                throw std::runtime_error(raw.format.empty()
                                              ? path + ": a raw input needs --format (" + yuvFormatList() + "|bgr565|bgr555)"
-                                             : "unknown format '" + spec.format + "' (use " + yuvFormatList() +
+                                             : "unknown format '" + raw.format + "' (use " + yuvFormatList() +
                                                    "|bgr565|bgr555)");
-            const std::string why = sizeProblem(yuv_, spec.width, spec.height);
+            const std::string why = sizeProblem(yuv_, raw.width, raw.height);
             if (!why.empty()) throw std::runtime_error(why);
-            frame_ = frameBytes(yuv_, spec.width, spec.height);
+            frame_ = frameBytes(yuv_, raw.width, raw.height);
         }
         const long long size = fileSize(path);
         if (size == 0 || size % static_cast<long long>(frame_) != 0)
             throw std::runtime_error(path + ": size mismatch: " + std::to_string(size) + " bytes is not a whole number of " +
-                                     std::to_string(spec.width) + "x" + std::to_string(spec.height) + " " + spec.format +
+                                     std::to_string(raw.width) + "x" + std::to_string(raw.height) + " " + raw.format +
                                      " frames of " + std::to_string(frame_) + " bytes");
         count_ = static_cast<int>(size / static_cast<long long>(frame_));
     }
@@ -240,14 +240,14 @@ public:
     bool next(Data& out) override {
         if (index_ >= count_) return false;
         if (packed_) {
-            Packed16 p(spec_.format, spec_.width, spec_.height);
+            Packed16 p(raw_.format, raw_.width, raw_.height);
             std::vector<std::uint8_t> raw(frame_);
             if (readFully(file_.get(), raw.data(), frame_) != frame_) throw std::runtime_error(path_ + ": read error");
             for (std::size_t i = 0; i < p.words.size(); ++i)
                 p.words[i] = static_cast<std::uint16_t>(raw[2 * i] | raw[2 * i + 1] << 8);
             out = Data(std::move(p));
         } else {
-            YuvFrame fr(yuv_, spec_.width, spec_.height);
+            YuvFrame fr(yuv_, raw_.width, raw_.height);
             for (auto& plane : fr.planes)
                 if (readFully(file_.get(), plane.data(), plane.size()) != plane.size())
                     throw std::runtime_error(path_ + ": read error");
@@ -260,7 +260,7 @@ public:
 
 private:
     std::string path_;
-    RawSpec spec_;
+    RawDescription raw_;
     File file_;
     bool packed_ = false;
     YuvFormat yuv_ = YuvFormat::I420;
@@ -358,7 +358,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<FrameReader> openReader(const std::string& path, const RawSpec& raw) {
+std::unique_ptr<FrameReader> openReader(const std::string& path, const RawDescription& raw) {
     if (isImagePath(path)) return std::make_unique<ImageReader>(path);
     if (extensionOf(path) == "y4m") return std::make_unique<Y4mReader>(path);
     return std::make_unique<RawReader>(path, raw);

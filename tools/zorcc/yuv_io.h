@@ -84,7 +84,7 @@ struct Data {
 };
 
 // How a raw (headerless) file is to be read: its frame size and format.
-struct RawSpec {
+struct RawDescription {
     int width = 0;
     int height = 0;
     std::string format;  // a YUV format or a packed 16-bit one
@@ -104,8 +104,8 @@ public:
 };
 
 // Opens IN: an image by extension (png, ppm, pgm, pnm), a Y4M stream (y4m),
-// anything else as a raw file, which needs the spec's size and format.
-std::unique_ptr<FrameReader> openReader(const std::string& path, const RawSpec& raw);
+// anything else as a raw file, which needs the raw description's size and format.
+std::unique_ptr<FrameReader> openReader(const std::string& path, const RawDescription& raw);
 
 // A sink of frames written to a temporary name and renamed by finish().
 class FrameWriter {
