@@ -4,6 +4,7 @@
 
 #include "zorcc.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
@@ -34,6 +35,37 @@ inline bool anyBadStep(S... steps) {
 inline constexpr std::int32_t asr(std::int32_t v, int s) {
     return v >= 0 ? (v >> s) : ~((~v) >> s);
 }
+
+// A byte step as a count of elements of T (arithmetic shift: a step that is
+// not a whole number of elements loses its low bits, a negative one stays
+// negative).
+template <class T>
+inline int elementStep(int byteStep) {
+    static_assert(sizeof(T) == 1 || sizeof(T) == 2 || sizeof(T) == 4, "sample size");
+    return asr(byteStep, sizeof(T) == 1 ? 0 : sizeof(T) == 2 ? 1 : 2);
+}
+
+// The same step in bytes again, rounded down to whole elements.
+template <class T>
+inline std::ptrdiff_t wholeElementBytes(int byteStep) {
+    return static_cast<std::ptrdiff_t>(elementStep<T>(byteStep)) * static_cast<std::ptrdiff_t>(sizeof(T));
+}
+
+// Byte saturation by table: entries for every v in -Low..High, holding v
+// clamped to 0..255. Each family states the index range of its own table.
+template <int Low, int High>
+struct ByteSaturation {
+    static constexpr std::array<Zor8u, Low + High + 1> make() {
+        std::array<Zor8u, Low + High + 1> t{};
+        for (int i = 0; i <= Low + High; ++i) {
+            const int v = i - Low;
+            t[static_cast<std::size_t>(i)] = static_cast<Zor8u>(v < 0 ? 0 : v > 255 ? 255 : v);
+        }
+        return t;
+    }
+    static constexpr std::array<Zor8u, Low + High + 1> table = make();
+    static Zor8u at(std::int32_t v) { return table[static_cast<std::size_t>(v + Low)]; }
+};
 
 // ---------------------------------------------------------------------------
 // Row addressing. Steps are signed byte distances; row y of an image starts at

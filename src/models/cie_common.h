@@ -8,6 +8,7 @@
 #pragma once
 
 #include "core/frame.h"
+#include "models/channel_frame.h"
 
 #include <array>
 #include <cmath>
@@ -91,23 +92,9 @@ inline void xyzToRgbCodes(float x, float y, float z, int hi, int out[3]) {
 // Float clamp to 0..1 (negative gives 0, 1 or more gives 1).
 inline float clamp01(float v) { return v < 0.0f ? 0.0f : (v >= 1.0f ? 1.0f : v); }
 
-// Byte saturation table indexed by a signed value in -kSatLow..kSatHigh:
-// negative gives 0, 0..255 the value itself, above 255 gives 255.
-inline constexpr int kSatLow = 371;
-inline constexpr int kSatHigh = 629;
-
-constexpr std::array<Zor8u, kSatLow + kSatHigh + 1> makeCieSatTable() {
-    std::array<Zor8u, kSatLow + kSatHigh + 1> t{};
-    for (int i = 0; i <= kSatLow + kSatHigh; ++i) {
-        const int v = i - kSatLow;
-        t[static_cast<std::size_t>(i)] = static_cast<Zor8u>(v < 0 ? 0 : v > 255 ? 255 : v);
-    }
-    return t;
-}
-
-inline constexpr std::array<Zor8u, kSatLow + kSatHigh + 1> kCieSat = makeCieSatTable();
-
-inline Zor8u satByte(std::int32_t v) { return kCieSat[static_cast<std::size_t>(v + kSatLow)]; }
+// Byte saturation of the XYZ and PhotoYCC fixed-point paths, indexed by a
+// signed value in -371..629.
+inline Zor8u satByte(std::int32_t v) { return ByteSaturation<371, 629>::at(v); }
 
 // ---------------------------------------------------------------------------
 // Integer sample types on the unsigned 16-bit scale: 16u as is, 16s offset by
@@ -129,64 +116,18 @@ struct Sample16<Zor16s> {
     static Zor16s out(int code) { return static_cast<Zor16s>(static_cast<std::uint16_t>(code - 32768)); }
 };
 
-// ---------------------------------------------------------------------------
-// Row-parallel worker of the three-channel models. A kernel converts one row
-// of `width` pixels whose samples are `channels` apart (3 for C3, 4 for AC4),
-// writing channels 0..2 only.
-
-template <class S, class D>
-using CieKernel = void (*)(const S* src, D* dst, int width, int channels);
-
-// Steps given in elements of the sample type.
-template <class S, class D>
-void cieRowsElements(CieKernel<S, D> kernel, const S* src, int srcStep, D* dst, int dstStep, int width, int height,
-                     int channels) {
-    const std::ptrdiff_t ss = static_cast<std::ptrdiff_t>(srcStep) * static_cast<std::ptrdiff_t>(sizeof(S));
-    const std::ptrdiff_t ds = static_cast<std::ptrdiff_t>(dstStep) * static_cast<std::ptrdiff_t>(sizeof(D));
-    parallelRows(height, [&](int y) { kernel(rowAt(src, ss, y), rowAt(dst, ds, y), width, channels); });
-}
-
-// Steps given in bytes.
-template <class S, class D>
-void cieRowsBytes(CieKernel<S, D> kernel, const S* src, int srcStep, D* dst, int dstStep, int width, int height,
-                  int channels) {
-    parallelRows(height,
-                 [&](int y) { kernel(rowAt(src, srcStep, y), rowAt(dst, dstStep, y), width, channels); });
-}
-
-// A byte step as a count of elements (arithmetic shift; low bits are lost).
-template <class T>
-inline int elementStep(int byteStep) {
-    static_assert(sizeof(T) == 1 || sizeof(T) == 2 || sizeof(T) == 4, "sample size");
-    return asr(byteStep, sizeof(T) == 1 ? 0 : sizeof(T) == 2 ? 1 : 2);
-}
-
-// The entry of every exported function of these families: null pointers, then
-// the size, then the worker with steps in elements.
-template <class S, class D>
-using CieWorker = void (*)(const S*, int, D*, int, int, int, int);
-
-template <class S, class D>
-inline ZorStatus cieEntry(CieWorker<S, D> worker, const S* pSrc, int srcStep, D* pDst, int dstStep, ZoriSize roi,
-                          int channels) {
-    if (anyNull(pSrc, pDst)) return zorStsNullPtr;
-    if (badSize(roi)) return zorStsBadSize;
-    worker(pSrc, elementStep<S>(srcStep), pDst, elementStep<D>(dstStep), roi.width, roi.height, channels);
-    return zorStsOk;
-}
-
 }  // namespace zor
 
 // Defines the worker `name` of a family: the row-parallel frame around one
 // row kernel, with steps in elements.
 #define ZOR_CIE_WORKER(name, kernel, S, D)                                                              \
     void name(const S* src, int srcStep, D* dst, int dstStep, int width, int height, int channels) {   \
-        ::zor::cieRowsElements<S, D>(kernel, src, srcStep, dst, dstStep, width, height, channels);       \
+        ::zor::channelRows<S, D>(kernel, src, srcStep, dst, dstStep, width, height, channels);       \
     }
 
 // Defines the exported function `name` (inside extern "C"): checks, then the
 // worker with the given channel count.
 #define ZOR_CIE_EXPORT(name, worker, S, D, channels)                                                    \
     ZORCC_API ZorStatus name(const S* pSrc, int srcStep, D* pDst, int dstStep, ZoriSize roiSize) {      \
-        return ::zor::cieEntry<S, D>(worker, pSrc, srcStep, pDst, dstStep, roiSize, channels);           \
+        return ::zor::channelEntry<S, D>(worker, pSrc, srcStep, pDst, dstStep, roiSize, channels);           \
     }

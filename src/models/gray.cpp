@@ -108,7 +108,7 @@ ZorStatus grayEntry(GrayWorkerFn<T> worker, const T* pSrc, int srcStep, T* pDst,
                     const float* weights, int channels) {
     if (anyNull(pSrc, pDst)) return zorStsNullPtr;
     if (badSize(roi)) return zorStsBadSize;
-    worker(pSrc, stepInElements<T>(srcStep), pDst, stepInElements<T>(dstStep), roi.width, roi.height, weights,
+    worker(pSrc, elementStep<T>(srcStep), pDst, elementStep<T>(dstStep), roi.width, roi.height, weights,
            channels);
     return zorStsOk;
 }

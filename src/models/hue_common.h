@@ -1,11 +1,12 @@
-// Pieces shared by the hue models (HLS, HSV): code quantisers, element steps
-// and the row-parallel frame of the interleaved RGB-ordered functions.
+// Pieces shared by the hue models (HLS, HSV): the code quantisers and the
+// 8-bit quotient tables.
 #pragma once
 
 #include <array>
 #include <cstddef>
 
 #include "core/frame.h"
+#include "models/channel_frame.h"
 
 namespace zor {
 
@@ -38,41 +39,5 @@ inline std::array<float, 256> table8u(F f) {
 inline const std::array<float, 256> kUnit8u = table8u([](int v) { return static_cast<float>(v) / 255.0f; });
 // v * 360 / 255
 inline const std::array<float, 256> kDegrees8u = table8u([](int v) { return static_cast<float>(v) * 360.0f / 255.0f; });
-
-// Byte step to a step in samples of T (arithmetic shift: an odd byte step of
-// a 16-bit image loses its low bit).
-template <class T>
-inline int stepInElements(int byteStep) {
-    constexpr int shift = sizeof(T) == 1 ? 0 : sizeof(T) == 2 ? 1 : 2;
-    return asr(byteStep, shift);
-}
-
-// Row kernel of an interleaved conversion that handles channels 0..2 of
-// pixels `channels` samples apart (3 for C3, 4 for AC4).
-template <class T>
-using ChannelRowFn = void (*)(const T* src, T* dst, int width, int channels);
-
-// Worker of an interleaved conversion: steps in samples.
-template <class T>
-using ChannelWorkerFn = void (*)(const T* src, int srcStep, T* dst, int dstStep, int width, int height, int channels);
-
-// Row-parallel loop of an interleaved worker.
-template <class T>
-inline void channelRows(ChannelRowFn<T> kernel, const T* src, int srcStep, T* dst, int dstStep, int width, int height,
-                        int channels) {
-    const std::ptrdiff_t ss = srcStep, ds = dstStep;
-    parallelRows(height, [&](int y) { kernel(src + ss * y, dst + ds * y, width, channels); });
-}
-
-// Exported-function body of the interleaved RGB-ordered members: pointers,
-// then size; steps are not validated.
-template <class T>
-inline ZorStatus channelEntry(ChannelWorkerFn<T> worker, const T* pSrc, int srcStep, T* pDst, int dstStep, ZoriSize roi,
-                              int channels) {
-    if (anyNull(pSrc, pDst)) return zorStsNullPtr;
-    if (badSize(roi)) return zorStsBadSize;
-    worker(pSrc, stepInElements<T>(srcStep), pDst, stepInElements<T>(dstStep), roi.width, roi.height, channels);
-    return zorStsOk;
-}
 
 }  // namespace zor

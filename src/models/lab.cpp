@@ -68,8 +68,8 @@ ZorStatus labEntry(void (*kernel)(const S*, D*, int), const S* pSrc, int srcStep
                    ZoriSize roi) {
     if (anyNull(pSrc, pDst)) return zorStsNullPtr;
     if (badSize(roi)) return zorStsBadSize;
-    const std::ptrdiff_t ss = static_cast<std::ptrdiff_t>(elementStep<S>(srcStep)) * static_cast<std::ptrdiff_t>(sizeof(S));
-    const std::ptrdiff_t ds = static_cast<std::ptrdiff_t>(elementStep<D>(dstStep)) * static_cast<std::ptrdiff_t>(sizeof(D));
+    const std::ptrdiff_t ss = wholeElementBytes<S>(srcStep);
+    const std::ptrdiff_t ds = wholeElementBytes<D>(dstStep);
     const int width = roi.width;
     parallelRows(roi.height, [&](int y) { kernel(rowAt(pSrc, ss, y), rowAt(pDst, ds, y), width); });
     return zorStsOk;

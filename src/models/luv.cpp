@@ -214,7 +214,7 @@ ZOR_CIE_WORKER(myLUVToRGB_32f_C3R, innerLUVToRGB_32f_C3R, Zor32f, Zor32f)
 
 void myRGBToLUV_32f_C3R(const Zor32f* src, int srcStep, Zor32f* dst, int dstStep, int width, int height,
                         int channels) {
-    cieRowsBytes<Zor32f, Zor32f>(innerRGBToLUV_32f_C3R, src, srcStep, dst, dstStep, width, height, channels);
+    channelRowsBytes<Zor32f, Zor32f>(innerRGBToLUV_32f_C3R, src, srcStep, dst, dstStep, width, height, channels);
 }
 
 namespace {

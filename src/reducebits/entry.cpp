@@ -8,13 +8,6 @@ namespace zor {
 
 namespace {
 
-// log2 of an element size, for turning byte steps into element steps (a step
-// that is not a multiple of the element size is rounded down).
-template <class T>
-constexpr int elemShift() {
-    return sizeof(T) == 1 ? 0 : sizeof(T) == 2 ? 1 : 2;
-}
-
 template <class Tr>
 ZorStatus reduceBits(const typename Tr::Src* pSrc, int srcStep, typename Tr::Dst* pDst, int dstStep, ZoriSize roi,
                      int noise, ZorDitherType dtype, int levels, int channelCode) {
@@ -32,8 +25,8 @@ ZorStatus reduceBits(const typename Tr::Src* pSrc, int srcStep, typename Tr::Dst
 
     const int w = roi.width;
     const int h = roi.height;
-    const int ss = asr(srcStep, elemShift<typename Tr::Src>());
-    const int ds = asr(dstStep, elemShift<typename Tr::Dst>());
+    const int ss = elementStep<typename Tr::Src>(srcStep);
+    const int ds = elementStep<typename Tr::Dst>(dstStep);
     switch (method) {
         case 0:
             ownNo_PX<Tr>(pSrc, srcStep, pDst, dstStep, w, h, m, channelCode);

@@ -10,7 +10,7 @@ namespace {
 
 // Destination rows: the byte step halved (arithmetic shift) to whole words.
 inline Plane<Zor16u> wordPlane(Zor16u* p, int dstStep) {
-    return Plane<Zor16u>{p, static_cast<std::ptrdiff_t>(asr(dstStep, 1)) * 2};
+    return Plane<Zor16u>{p, wholeElementBytes<Zor16u>(dstStep)};
 }
 
 // Contiguous images are converted as one long row: the kernel is called for
@@ -20,7 +20,7 @@ template <int SrcBytes, class Kernel>
 bool oneLongRow(Kernel kernel, const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roi) {
     const std::int64_t w = roi.width;
     const std::int64_t n = w * roi.height;
-    if (srcStep != w * SrcBytes || asr(dstStep, 1) != w || n > INT32_MAX) return false;
+    if (srcStep != w * SrcBytes || elementStep<Zor16u>(dstStep) != w || n > INT32_MAX) return false;
     const int all = static_cast<int>(n);
     const int head = all & ~7;
     if (head > 0) kernel(pSrc, pDst, head, 0);

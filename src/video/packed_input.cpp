@@ -31,7 +31,7 @@ ZorStatus packedEntry(const Zor16u* pSrc, int srcStep, Zor8u* const pDst[3], con
     constexpr int kMinHeight = Rule::kRows;
     if (badSize(roi, kMinWidth, kMinHeight)) return zorStsBadSize;
     // The byte step becomes a count of words: an odd step loses its low bit.
-    const std::ptrdiff_t wordStepBytes = static_cast<std::ptrdiff_t>(asr(srcStep, 1)) * 2;
+    const std::ptrdiff_t wordStepBytes = wholeElementBytes<Zor16u>(srcStep);
     encodePlanarRows<Rule, Reader>(pSrc, wordStepBytes, pDst, dstStep, swapChroma, roi);
     if constexpr (W == Warn::OnRounding) return roundedSizeStatus(roi, Rule::kCols, Rule::kRows);
     return zorStsOk;

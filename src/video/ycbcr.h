@@ -13,20 +13,10 @@ namespace zor {
 // Saturation table: entry i holds i - 370 clamped to 0..255; index it with
 // v + 370 for any v in -370..629 (every intermediate the decoders make from
 // 8-bit input lies in -277..534).
-constexpr int kSatOffset = 370;
+using VideoSaturation = ByteSaturation<370, 629>;
+static_assert(VideoSaturation::table.size() == 1000);
 
-constexpr std::array<Zor8u, 1000> makeSatTable() {
-    std::array<Zor8u, 1000> t{};
-    for (int i = 0; i < 1000; ++i) {
-        const int v = i - kSatOffset;
-        t[i] = static_cast<Zor8u>(v < 0 ? 0 : v > 255 ? 255 : v);
-    }
-    return t;
-}
-
-inline constexpr std::array<Zor8u, 1000> kSatTable = makeSatTable();
-
-inline Zor8u sat8(std::int32_t v) { return kSatTable[v + kSatOffset]; }
+inline Zor8u sat8(std::int32_t v) { return VideoSaturation::at(v); }
 
 // Encoder: coefficients 0.257, 0.504, 0.098; -0.148, -0.291, 0.439;
 // 0.439, -0.368, -0.071 with offsets 16 and 128 and one half for rounding.
