@@ -10,6 +10,7 @@
 #include <cstring>
 #include <functional>
 #include <random>
+#include <type_traits>
 #include <vector>
 
 namespace ck {
@@ -166,6 +167,47 @@ inline int satTrunc(double v, int hi) {
     if (v >= hi) return hi;
     if (!(v >= 1)) return 0;  // NaN too
     return static_cast<int>(v);
+}
+
+// ---------------------------------------------------------------------------
+// Model pieces shared by the tests: the RGB/XYZ matrices, a matrix row summed
+// left to right in float, the float clamp and the cube root through pow.
+
+inline const float kF[3][3] = {{0.412453f, 0.35758f, 0.180423f},
+                               {0.212671f, 0.71516f, 0.072169f},
+                               {0.019334f, 0.119193f, 0.950227f}};
+inline const float kI[3][3] = {{3.240479f, -1.53715f, -0.498535f},
+                               {-0.969256f, 1.875991f, 0.041556f},
+                               {0.055648f, -0.204043f, 1.057311f}};
+
+inline float rowSum(const float* m, float a, float b, float c) {
+    float s = m[0] * a;
+    s = s + m[1] * b;
+    s = s + m[2] * c;
+    return s;
+}
+
+inline float clamp01(float v) { return v < 0 ? 0.0f : v >= 1 ? 1.0f : v; }
+
+inline float cubeRoot(float y) {
+    return static_cast<float>(std::pow(static_cast<double>(y), static_cast<double>(1.0f / 3.0f)));
+}
+
+// 16-bit image with the ends and the middle of the range among random samples.
+template <class T>
+zt::Image<T> image16(int ch, std::uint32_t seed) {
+    Rng rng(seed);
+    const int lo = std::is_signed<T>::value ? -32768 : 0;
+    const std::vector<T> edges = {T(lo), T(lo + 1), T(lo + 32767), T(lo + 32768), T(lo + 65534), T(lo + 65535)};
+    return edgeImage<T>(23, 17, ch, edges, [&] { return static_cast<T>(rng.integer(lo, lo + 65535)); });
+}
+
+// One member against its model, and its results for every team size.
+template <class S, class D>
+void member(Fn<S, D> fn, int ch, zt::Image<S> src, const RowModel<S, D>& model) {
+    SCOPED_TRACE(ch == 3 ? "C3R" : "AC4R");
+    expectModel(fn, ch, src, model);
+    expectTeamIndependent(fn, ch, src);
 }
 
 }  // namespace ck

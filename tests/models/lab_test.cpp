@@ -65,9 +65,7 @@ RowModel<Zor8u, Zor16u> fwd16(Light mode) {
     });
 }
 
-const float kI[3][3] = {{3.240479f, -1.53715f, -0.498535f},
-                        {-0.969256f, 1.875991f, 0.041556f},
-                        {0.055648f, -0.204043f, 1.057311f}};
+using ck::kI;
 
 // Plain cube (no linear segment), inverse matrix in float; `half` is added in
 // double before truncation, then 0..255; stored B, G, R.

@@ -7,23 +7,14 @@
 
 namespace {
 
+using ck::clamp01;
+using ck::image16;
+using ck::kF;
+using ck::kI;
+using ck::member;
+using ck::rowSum;
 using ck::RowModel;
 
-const float kF[3][3] = {{0.412453f, 0.35758f, 0.180423f},
-                        {0.212671f, 0.71516f, 0.072169f},
-                        {0.019334f, 0.119193f, 0.950227f}};
-const float kI[3][3] = {{3.240479f, -1.53715f, -0.498535f},
-                        {-0.969256f, 1.875991f, 0.041556f},
-                        {0.055648f, -0.204043f, 1.057311f}};
-
-float rowSum(const float* m, float a, float b, float c) {
-    float s = m[0] * a;
-    s = s + m[1] * b;
-    s = s + m[2] * c;
-    return s;
-}
-
-float clamp01(float v) { return v < 0 ? 0.0f : v >= 1 ? 1.0f : v; }
 
 // Samples of the 16-bit forms on the 0..65535 scale and back.
 template <class T>
@@ -88,13 +79,6 @@ const RowModel<Zor32f, Zor32f> kInv32 = ck::perPixel<Zor32f, Zor32f>([](const Zo
     for (int k = 0; k < 3; ++k) d[k] = clamp01(rowSum(kI[k], s[0], s[1], s[2]));
 });
 
-template <class T>
-zt::Image<T> image16(int ch, std::uint32_t seed) {
-    ck::Rng rng(seed);
-    const int lo = std::is_signed<T>::value ? -32768 : 0;
-    const std::vector<T> edges = {T(lo), T(lo + 1), T(lo + 32767), T(lo + 32768), T(lo + 65534), T(lo + 65535)};
-    return ck::edgeImage<T>(23, 17, ch, edges, [&] { return static_cast<T>(rng.integer(lo, lo + 65535)); });
-}
 
 zt::Image<Zor8u> image8(int ch, std::uint32_t seed) {
     ck::Rng rng(seed);
@@ -108,12 +92,6 @@ zt::Image<Zor32f> image32(int ch, std::uint32_t seed) {
     return ck::edgeImage<Zor32f>(21, 13, ch, edges, [&] { return rng.real(-0.3f, 1.4f); });
 }
 
-template <class S, class D>
-void member(ck::Fn<S, D> fn, int ch, zt::Image<S> src, const RowModel<S, D>& model) {
-    SCOPED_TRACE(ch == 3 ? "C3R" : "AC4R");
-    ck::expectModel(fn, ch, src, model);
-    ck::expectTeamIndependent(fn, ch, src);
-}
 
 TEST(Xyz, ChecksStatusesAndStepsOfEveryMember) {
     ck::expectChecks<Zor8u, Zor8u>(zoriRGBToXYZ_8u_C3R, 3, 3, kFwd8);

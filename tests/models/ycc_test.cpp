@@ -7,6 +7,8 @@
 
 namespace {
 
+using ck::clamp01;
+using ck::member;
 using ck::RowModel;
 
 int floorDiv(long long v, long long d) { return static_cast<int>(std::floor(static_cast<double>(v) / d)); }
@@ -102,7 +104,6 @@ RowModel<T, T> inv16() {
     });
 }
 
-float clamp01(float v) { return v < 0 ? 0.0f : v >= 1 ? 1.0f : v; }
 
 const RowModel<Zor32f, Zor32f> kFwd32 = ck::perPixel<Zor32f, Zor32f>([](const Zor32f* s, Zor32f* d) {
     const Ycc c = modelForm(s[0], s[1], s[2], 0.6117647f, 0.5372549f);
@@ -138,12 +139,6 @@ zt::Image<Zor32f> image32(int ch, std::uint32_t seed) {
     return ck::edgeImage<Zor32f>(23, 13, ch, edges, [&] { return rng.real(-0.3f, 1.3f); });
 }
 
-template <class S, class D>
-void member(ck::Fn<S, D> fn, int ch, zt::Image<S> src, const RowModel<S, D>& model) {
-    SCOPED_TRACE(ch == 3 ? "C3R" : "AC4R");
-    ck::expectModel(fn, ch, src, model);
-    ck::expectTeamIndependent(fn, ch, src);
-}
 
 TEST(Ycc, ChecksStatusesAndStepsOfEveryMember) {
     for (int ch : {3, 4}) {
