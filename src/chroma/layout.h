@@ -97,7 +97,7 @@ using PackedYCrYCb = PackedLayout<0, 3, 1>;  // Y0 Cr Y1 Cb
 // Planar: array of three plane pointers in the layout's order and an array of
 // three steps. CrFirst: planes Y, Cr, Cb.
 template <class T, Sub S, bool CrFirst = false>
-struct P3 {
+struct LayoutP3 {
     using Layout = PlanarLayout<S>;
     T* const* planes;
     const int* steps;
@@ -110,7 +110,7 @@ struct P3 {
 
 // Semi-planar: a luma plane and one plane of interleaved Cb Cr pairs.
 template <class T, Sub S>
-struct P2 {
+struct LayoutP2 {
     using Layout = SemiPlanarLayout<S>;
     T* y;
     int yStep;
@@ -122,7 +122,7 @@ struct P2 {
 
 // Interleaved 4:2:2: one pointer and one step.
 template <class T, class L>
-struct C2 {
+struct LayoutC2 {
     using Layout = L;
     T* p;
     int step;
@@ -131,17 +131,17 @@ struct C2 {
 };
 
 template <Sub S, bool CrFirst = false>
-using SrcP3 = P3<const Zor8u, S, CrFirst>;
+using SrcP3 = LayoutP3<const Zor8u, S, CrFirst>;
 template <Sub S, bool CrFirst = false>
-using DstP3 = P3<Zor8u, S, CrFirst>;
+using DstP3 = LayoutP3<Zor8u, S, CrFirst>;
 template <Sub S>
-using SrcP2 = P2<const Zor8u, S>;
+using SrcP2 = LayoutP2<const Zor8u, S>;
 template <Sub S>
-using DstP2 = P2<Zor8u, S>;
+using DstP2 = LayoutP2<Zor8u, S>;
 template <class L>
-using SrcC2 = C2<const Zor8u, L>;
+using SrcC2 = LayoutC2<const Zor8u, L>;
 template <class L>
-using DstC2 = C2<Zor8u, L>;
+using DstC2 = LayoutC2<Zor8u, L>;
 
 // Minimum height of the members that have none: any height is accepted and a
 // height of zero or less converts no rows.

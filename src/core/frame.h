@@ -1,7 +1,13 @@
-// The library frame shared by every family: argument checks, image row
-// addressing and the two row frames (serial and row-parallel).
+// The library frame shared by every family: arithmetic, image arguments,
+// checks and the row driver, plus the older helpers of the code that does
+// not use the export table yet.
 #pragma once
 
+#include "core/arith.h"
+#include "core/export.h"
+#include "core/image.h"
+#include "core/kernel_set.h"
+#include "core/rows.h"
 #include "zorcc.h"
 
 #include <array>
@@ -28,14 +34,6 @@ inline bool anyBadStep(S... steps) {
     return ((steps < 1) || ...);
 }
 
-// ---------------------------------------------------------------------------
-// Arithmetic helpers for fixed point without undefined behaviour.
-
-// Arithmetic shift right (rounds toward minus infinity) for any sign.
-inline constexpr std::int32_t asr(std::int32_t v, int s) {
-    return v >= 0 ? (v >> s) : ~((~v) >> s);
-}
-
 // A byte step as a count of elements of T (arithmetic shift: a step that is
 // not a whole number of elements loses its low bits, a negative one stays
 // negative).
@@ -51,31 +49,9 @@ inline std::ptrdiff_t wholeElementBytes(int byteStep) {
     return static_cast<std::ptrdiff_t>(elementStep<T>(byteStep)) * static_cast<std::ptrdiff_t>(sizeof(T));
 }
 
-// Byte saturation by table: entries for every v in -Low..High, holding v
-// clamped to 0..255. Each family states the index range of its own table.
-template <int Low, int High>
-struct ByteSaturation {
-    static constexpr std::array<Zor8u, Low + High + 1> make() {
-        std::array<Zor8u, Low + High + 1> t{};
-        for (int i = 0; i <= Low + High; ++i) {
-            const int v = i - Low;
-            t[static_cast<std::size_t>(i)] = static_cast<Zor8u>(v < 0 ? 0 : v > 255 ? 255 : v);
-        }
-        return t;
-    }
-    static constexpr std::array<Zor8u, Low + High + 1> table = make();
-    static Zor8u at(std::int32_t v) { return table[static_cast<std::size_t>(v + Low)]; }
-};
-
 // ---------------------------------------------------------------------------
 // Row addressing. Steps are signed byte distances; row y of an image starts at
 // base + y * step, computed in pointer-sized arithmetic.
-
-template <class T>
-inline T* rowAt(T* base, std::ptrdiff_t step, int y) {
-    using Byte = std::conditional_t<std::is_const_v<T>, const char, char>;
-    return reinterpret_cast<T*>(reinterpret_cast<Byte*>(base) + step * y);
-}
 
 // One image plane (or interleaved image): first sample of the region and the
 // row step in bytes.
@@ -92,41 +68,16 @@ inline Plane<T> plane(T* base, int step) {
 }
 
 // ---------------------------------------------------------------------------
-// Row frames. A body is called once per row index y in [0, height).
+// Row frames of the code not yet on the row driver (core/rows.h).
 
-// Serial form: rows in ascending order on the calling thread.
 template <class Body>
 inline void serialRows(int height, Body&& body) {
-    for (int y = 0; y < height; ++y) body(y);
+    forRows<Serial>(height, body);
 }
 
-// Team size of the next parallel region, read once per call.
-int teamSize();
-
-// Row-parallel form: a parallel region of threads_omp_of_n_zor threads with a
-// statically scheduled loop over the rows (contiguous blocks in thread order).
-// Inside an active region with nesting off the runtime serialises the region
-// to a team of one, which takes all rows.
 template <class Body>
 inline void parallelRows(int height, const Body& body) {
-    const int team = teamSize();
-#pragma omp parallel num_threads(team) shared(body, height) default(none)
-    {
-        if (height >= 1) {
-#pragma omp for schedule(static)
-            for (int y = 0; y < height; ++y) body(y);
-        }
-    }
-}
-
-enum class Exec { Serial, Parallel };
-
-template <Exec E, class Body>
-inline void forRows(int height, const Body& body) {
-    if constexpr (E == Exec::Parallel)
-        parallelRows(height, body);
-    else
-        serialRows(height, body);
+    forRows<Parallel>(height, body);
 }
 
 }  // namespace zor

@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "video/subsampled.h"
+#include "core/frame.h"
 #include "video/ycbcr.h"
 
 namespace zor {
@@ -96,19 +97,13 @@ private:
 // of the packed 4:2:2 sources comes with the subsampled code).
 
 // A 16.16 constant set of the 4:4:4 code.
-template <class Set>
+template <const Decoder& K>
 struct DecodeWith {
-    static Rgb32 decode(int y, int cb, int cr) { return decodeYCbCr<Set>(y, cb, cr); }
+    static Rgb32 decode(int y, int cb, int cr) { return zor::decode(K, y, cb, cr); }
 };
 
-// Set A with the rounding half in all three outputs (offset 1187776): the
-// 4:1:1 decoder.
-struct DecoderSetARounded : DecoderSetA {
-    static constexpr std::int32_t kHalf = 32768;
-};
-
-using DecodeSetA = DecodeWith<DecoderSetA>;
-using DecodeSet411 = DecodeWith<DecoderSetARounded>;
+using DecodeSetA = DecodeWith<kSetA>;
+using DecodeSet411 = DecodeWith<kSetARounded>;
 
 // The decoder with four extra fraction bits (values scaled by 16 until the
 // final shift): every dithered member and the plain planar members. Each
@@ -132,7 +127,7 @@ struct PackedPixelOut {
     Zor16u* dst;
     void operator()(int x, int y, int cb, int cr) const {
         const Rgb32 c = Dec::decode(y, cb, cr);
-        dst[x] = put(sat8(c.r), sat8(c.g), sat8(c.b), x);
+        dst[x] = put(clampByte(c.r), clampByte(c.g), clampByte(c.b), x);
     }
 };
 

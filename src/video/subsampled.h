@@ -23,6 +23,7 @@
 //    warning of the conversions that round the size down to whole groups).
 #pragma once
 
+#include "core/frame.h"
 #include "video/ycbcr.h"
 
 #include <cstdint>
@@ -35,15 +36,6 @@ namespace zor {
 struct Rgb8 {
     int r, g, b;
 };
-
-// The encoder's products without offsets. They are linear, so applied to the
-// channel sums of a group they give the sum of the pixels' products.
-inline std::int32_t lumaProduct(int r, int g, int b) { return 16843 * r + 33030 * g + 6423 * b; }
-inline std::int32_t cbProduct(int r, int g, int b) { return -9699 * r - 19071 * g + 28770 * b; }
-inline std::int32_t crProduct(int r, int g, int b) { return 28770 * r - 24117 * g - 4653 * b; }
-
-constexpr std::int32_t kLumaRounded = 16 * 65536 + 32768;  // offset 16 and one half
-constexpr std::int32_t kLumaTruncated = 16 * 65536;         // offset 16 only
 
 inline Zor8u lumaOf(Rgb8 p, std::int32_t bias) { return static_cast<Zor8u>((lumaProduct(p.r, p.g, p.b) + bias) >> 16); }
 
@@ -139,7 +131,7 @@ struct Packed422Sink {
         d[4 * g + Order::kCr] = vcr;
     }
     void lastOddPixel(int x, Rgb8 p) {
-        const YCbCrEncoded c = encodeYCbCr(p.r, p.g, p.b);
+        const YCbCr8 c = encodeYCbCr(p.r, p.g, p.b);
         d[2 * x + Order::kY0] = c.y;
         d[2 * x + Order::kCb] = c.cb;
     }
@@ -178,7 +170,7 @@ inline void encode422Row(const Src& src, Sink& sink, int width) {
 
 // Set B of the 4:4:4 code (rounding, 76282 family).
 struct SetB {
-    static Rgb32 decode(int y, int cb, int cr) { return decodeYCbCr<DecoderSetB>(y, cb, cr); }
+    static Rgb32 decode(int y, int cb, int cr) { return zor::decode(kSetB, y, cb, cr); }
 };
 
 // Set C of the packed 4:2:2 decoders: the coefficients of set A on unsigned
@@ -225,9 +217,9 @@ struct InterleavedOut {
     Zor8u aval;
     void operator()(int x, Rgb32 c) const {
         Zor8u* q = p + static_cast<std::ptrdiff_t>(x) * Stride;
-        q[ROff] = sat8(c.r);
-        q[1] = sat8(c.g);
-        q[BOff] = sat8(c.b);
+        q[ROff] = clampByte(c.r);
+        q[1] = clampByte(c.g);
+        q[BOff] = clampByte(c.b);
         if constexpr (Alpha) q[3] = aval;
     }
 };
@@ -238,9 +230,9 @@ using BgrOutC4 = InterleavedOut<4, 2, 0, true>;  // writes aval as the fourth by
 struct PlanarRgbOut {
     Zor8u *r, *g, *b;
     void operator()(int x, Rgb32 c) const {
-        r[x] = sat8(c.r);
-        g[x] = sat8(c.g);
-        b[x] = sat8(c.b);
+        r[x] = clampByte(c.r);
+        g[x] = clampByte(c.g);
+        b[x] = clampByte(c.b);
     }
 };
 

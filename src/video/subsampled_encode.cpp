@@ -39,7 +39,7 @@ void innerRGBToCbYCr422Filtered(const Reader& src, Zor8u* d, int width) {
         leftCr = rightCr;
     }
     if (width & 1) {
-        const YCbCrEncoded c = [&] {
+        const YCbCr8 c = [&] {
             const Rgb8 p = src(width - 1);
             return encodeYCbCr(p.r, p.g, p.b);
         }();

@@ -11,7 +11,6 @@
 
 namespace zor {
 
-inline Zor8u clampByte(std::int32_t v) { return static_cast<Zor8u>(v < 0 ? 0 : v > 255 ? 255 : v); }
 
 // ---------------------------------------------------------------------------
 // Encoder. S = 19595 R + 38470 G + 7471 B (the weights sum to 65536); Y is S

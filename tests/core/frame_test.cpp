@@ -115,7 +115,7 @@ TEST(ParallelRows, UsesTheConfiguredTeamAndSerialisesWhenNested) {
 
 TEST(SerialRows, AscendingOnCallingThread) {
     std::vector<int> order;
-    zor::forRows<zor::Exec::Serial>(5, [&](int y) { order.push_back(y); });
+    zor::forRows<zor::Serial>(5, [&](int y) { order.push_back(y); });
     EXPECT_EQ(order, (std::vector<int>{0, 1, 2, 3, 4}));
 }
 
