@@ -76,4 +76,8 @@ using PixBgrAC4 = Interleaved<4, 2, 1, 0>;   // B, G, R, alpha untouched
 using PixBgrC4 = Interleaved<4, 2, 1, 0, true>;  // B, G, R, fill value
 using PixP3 = Planar;
 
+// The row type of layout L over samples T.
+template <class L, class T>
+using RowOf = typename L::template Row<T>;
+
 }  // namespace zor

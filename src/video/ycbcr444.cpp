@@ -1,6 +1,6 @@
 // YCbCr and RGB at full chroma resolution (4:4:4), 8-bit, serial rows.
 #include "core/frame.h"
-#include "video/kernels.h"
+#include "video/ycbcr444_kernels.h"
 
 namespace zor {
 namespace {
@@ -10,19 +10,19 @@ using PlanesFirst = Checks<check::Null<kOuter | kPlanes>, check::Size<>>;
 
 // Every pixel stands alone, so contiguous images go as one long row.
 template <auto M, class... Opt>
-using Run = Rows<Serial, VideoK<M>, Fuse<1>, Opt...>;
+using Run = Rows<Serial, YCbCr444K<M>, Fuse<1>, Opt...>;
 
 }  // namespace
 }  // namespace zor
 
 using namespace zor;
 
-ZOR_EXPORT(zoriRGBToYCbCr_8u_C3R, (StandardChecks), (Run<&VideoKernels::encodeC3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriRGBToYCbCr_8u_AC4R, (StandardChecks), (Run<&VideoKernels::encodeAC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriRGBToYCbCr_8u_P3R, (StandardChecks), (Run<&VideoKernels::encodeP3>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
-ZOR_EXPORT(zoriYCbCrToRGB_8u_C3R, (StandardChecks), (Run<&VideoKernels::decodeAC3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYCbCrToRGB_8u_AC4R, (StandardChecks), (Run<&VideoKernels::decodeAAC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriYCbCrToRGB_8u_P3R, (StandardChecks), (Run<&VideoKernels::decodeAP3>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
-ZOR_EXPORT(zoriYCbCrToRGB_8u_P3C3R, (StandardChecks), (Run<&VideoKernels::decodeBP3C3>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C3R, (PlanesFirst), (Run<&VideoKernels::decodeBP3Bgr>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C4R, (PlanesFirst), (Run<&VideoKernels::decodeBP3BgrC4>), IN_P3(Zor8u), OUT_C(Zor8u, 4), ROI, ARG(Zor8u, aval))
+ZOR_EXPORT(zoriRGBToYCbCr_8u_C3R, (StandardChecks), (Run<&YCbCr444Kernels::encodeC3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriRGBToYCbCr_8u_AC4R, (StandardChecks), (Run<&YCbCr444Kernels::encodeAC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriRGBToYCbCr_8u_P3R, (StandardChecks), (Run<&YCbCr444Kernels::encodeP3>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
+ZOR_EXPORT(zoriYCbCrToRGB_8u_C3R, (StandardChecks), (Run<&YCbCr444Kernels::decodeAC3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYCbCrToRGB_8u_AC4R, (StandardChecks), (Run<&YCbCr444Kernels::decodeAAC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriYCbCrToRGB_8u_P3R, (StandardChecks), (Run<&YCbCr444Kernels::decodeAP3>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
+ZOR_EXPORT(zoriYCbCrToRGB_8u_P3C3R, (StandardChecks), (Run<&YCbCr444Kernels::decodeBP3C3>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C3R, (PlanesFirst), (Run<&YCbCr444Kernels::decodeBP3Bgr>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C4R, (PlanesFirst), (Run<&YCbCr444Kernels::decodeBP3BgrC4>), IN_P3(Zor8u), OUT_C(Zor8u, 4), ROI, ARG(Zor8u, aval))

@@ -1,6 +1,6 @@
-// Row kernels of the video family: the scalar kernels, which are the
+// Row kernels of the 4:4:4 conversions: the scalar kernels, which are the
 // reference, and the list of kernel shapes from which both the scalar table
-// and, per CPU target, the vector table are made (video/kernels_hwy.cpp).
+// and, per CPU target, the vector table are made (video/ycbcr444_hwy.cpp).
 #pragma once
 
 #include "core/kernel_set.h"
@@ -8,9 +8,6 @@
 #include "video/ycbcr.h"
 
 namespace zor {
-
-template <class L, class T>
-using RowOf = typename L::template Row<T>;
 
 // ---------------------------------------------------------------------------
 // 4:4:4
@@ -41,7 +38,7 @@ void decode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fi
 // ---------------------------------------------------------------------------
 // The shapes: X(member, kernel template, (template arguments)).
 
-#define ZOR_VIDEO_KERNELS(X)                                         \
+#define ZOR_YCBCR444_KERNELS(X)                                         \
     X(encodeC3, encode444, (PixC3, PixC3))                           \
     X(encodeAC4, encode444, (PixAC4, PixAC4))                        \
     X(encodeP3, encode444, (PixP3, PixP3))                           \
@@ -52,16 +49,16 @@ void decode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fi
     X(decodeBP3Bgr, decode444, (kSetB, PixP3, PixBgrC3))             \
     X(decodeBP3BgrC4, decode444, (kSetB, PixP3, PixBgrC4, Zor8u))
 
-struct VideoKernels {
-    ZOR_VIDEO_KERNELS(ZOR_KERNEL_MEMBER)
+struct YCbCr444Kernels {
+    ZOR_YCBCR444_KERNELS(ZOR_KERNEL_MEMBER)
 };
 
-inline constexpr VideoKernels kVideoScalar = {ZOR_VIDEO_KERNELS(ZOR_KERNEL_POINTER)};
+inline constexpr YCbCr444Kernels kYCbCr444Scalar = {ZOR_YCBCR444_KERNELS(ZOR_KERNEL_POINTER)};
 
 // The tables by target (scalar first); defined with the vector kernels.
-const VideoKernels* const* videoTables();
+const YCbCr444Kernels* const* ycbcr444Tables();
 
 template <auto Member>
-using VideoK = KernelSet<Member, videoTables>;
+using YCbCr444K = KernelSet<Member, ycbcr444Tables>;
 
 }  // namespace zor

@@ -1,25 +1,31 @@
-// Vector kernels of the video family, compiled once per CPU target.
+// Vector building blocks of the video kernels, shared by the Highway
+// translation units of the family (included once per target, after
+// hwy/foreach_target.h).
 //
-// Every kernel computes exactly what its scalar kernel (video/kernels.h)
-// computes. The 16.16 fixed point is done on 16-bit samples with 32-bit
-// pairwise products (multiply pairs of 16-bit lanes and add, one instruction
-// on x86): a coefficient c is split as 65536 a + b with |b| < 32768, so that
+// The 16.16 fixed point is done on 16-bit samples with 32-bit pairwise
+// products (multiply pairs of 16-bit lanes and add: one instruction on x86):
+// a coefficient c is split as 65536 a + b with |b| < 32768, so that
 //   (c1 x1 + c2 x2 + off) >> 16 = a1 x1 + a2 x2 + ao + ((b1 x1 + b2 x2 + bo) >> 16)
 // holds exactly (the terms in a are whole multiples of 65536, ao = floor(off
 // / 65536), bo = off - 65536 ao). Saturating narrowing does the byte clamp.
-#undef HWY_TARGET_INCLUDE
-#define HWY_TARGET_INCLUDE "video/kernels_hwy.cpp"
-#include "hwy/foreach_target.h"  // IWYU pragma: keep
+// The interleave and narrowing steps work per 128-bit block on x86 and on
+// the one block of NEON, so that pairs return to pixel order.
+#if defined(ZOR_VIDEO_VEC_INL_H_) == defined(HWY_TARGET_TOGGLE)
+#ifdef ZOR_VIDEO_VEC_INL_H_
+#undef ZOR_VIDEO_VEC_INL_H_
+#else
+#define ZOR_VIDEO_VEC_INL_H_
+#endif
 
 #include "hwy/highway.h"
-#include "video/kernels.h"
+#include "video/pixels.h"
+#include "video/ycbcr.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace zor {
 namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
-// The scalar target of Highway keeps the scalar kernels (found in zor::).
 #if HWY_TARGET != HWY_SCALAR
 
 using D8 = hn::ScalableTag<std::uint8_t>;
@@ -134,22 +140,6 @@ HWY_INLINE void encodeHalf(V16 r, V16 g, V16 b, V16& y, V16& cb, V16& cr) {
 }
 static_assert(16515 * 2 == 33030 && 512 * 16448 == kChromaRounded, "encoder coefficient split");
 
-template <class S, class D>
-void encode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
-    const D8 d8;
-    const std::size_t n = hn::Lanes(d8);
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        V8 r, g, b;
-        VecPix<S>::load(d8, s, i, r, g, b);
-        V16 yL, cbL, crL, yU, cbU, crU;
-        encodeHalf(lowerTo16(r), lowerTo16(g), lowerTo16(b), yL, cbL, crL);
-        encodeHalf(upperTo16(r), upperTo16(g), upperTo16(b), yU, cbU, crU);
-        VecPix<D>::store(d8, d, i, to8(yL, yU), to8(cbL, cbU), to8(crL, crU), hn::Zero(d8));
-    }
-    ::zor::encode444<S, D>(S::advance(s, i), D::advance(d, i), width - static_cast<int>(i));
-}
-
 // ---------------------------------------------------------------------------
 // Decoders
 
@@ -202,37 +192,10 @@ HWY_INLINE void decodeHalf(V16 y, V16 u, V16 v, V16& r, V16& g, V16& b) {
         hn::Set(d16, static_cast<std::int16_t>(S::offB.a));
 }
 
-template <const Decoder& K, class S, class D, class... Fill>
-void decode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fill) {
-    const D8 d8;
-    const std::size_t n = hn::Lanes(d8);
-    V8 alpha = hn::Zero(d8);
-    ((alpha = hn::Set(d8, fill)), ...);
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        V8 y, u, v;
-        VecPix<S>::load(d8, s, i, y, u, v);
-        V16 rL, gL, bL, rU, gU, bU;
-        decodeHalf<K>(lowerTo16(y), lowerTo16(u), lowerTo16(v), rL, gL, bL);
-        decodeHalf<K>(upperTo16(y), upperTo16(u), upperTo16(v), rU, gU, bU);
-        VecPix<D>::store(d8, d, i, to8(rL, rU), to8(gL, gU), to8(bL, bU), alpha);
-    }
-    ::zor::decode444<K, S, D>(S::advance(s, i), D::advance(d, i), width - static_cast<int>(i), fill...);
-}
-
 #endif  // HWY_TARGET != HWY_SCALAR
-
-// ---------------------------------------------------------------------------
-
-HWY_MAYBE_UNUSED constexpr VideoKernels kVideoVector = {ZOR_VIDEO_KERNELS(ZOR_KERNEL_POINTER)};
 
 }  // namespace HWY_NAMESPACE
 }  // namespace zor
 HWY_AFTER_NAMESPACE();
 
-#if HWY_ONCE
-#include "core/target_tables.h"
-namespace zor {
-ZOR_TARGET_TABLES(VideoKernels, kVideoVector, videoTables, kVideoScalar)
-}  // namespace zor
-#endif
+#endif  // include guard
