@@ -8,7 +8,7 @@
 
 #include <cstdint>
 
-#include "video/subsampled.h"
+#include "video/chroma_share.h"
 #include "core/frame.h"
 #include "video/ycbcr.h"
 

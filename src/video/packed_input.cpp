@@ -2,7 +2,7 @@
 // fields are brought to the 8-bit scale by a left shift only (no bit
 // replication: 5-bit white is 248, 6-bit white 252) and then go through the
 // 8-bit encoders.
-#include "video/subsampled.h"
+#include "video/group_encoder.h"
 
 namespace zor {
 namespace {

@@ -76,6 +76,15 @@ using PixBgrAC4 = Interleaved<4, 2, 1, 0>;   // B, G, R, alpha untouched
 using PixBgrC4 = Interleaved<4, 2, 1, 0, true>;  // B, G, R, fill value
 using PixP3 = Planar;
 
+// Sample orders of packed 4:2:2: byte offsets inside a pair's four bytes. In
+// both orders the first two bytes hold one Y and the Cb.
+struct OrderYCbCr {
+    static constexpr int kY0 = 0, kCb = 1, kY1 = 2, kCr = 3;
+};
+struct OrderCbYCr {
+    static constexpr int kCb = 0, kY0 = 1, kCr = 2, kY1 = 3;
+};
+
 // The row type of layout L over samples T.
 template <class L, class T>
 using RowOf = typename L::template Row<T>;

@@ -1,6 +1,6 @@
 // Subsampled YCbCr (packed and planar 4:2:2) to RGB and BGR, 8-bit, serial
 // rows. The chroma of a pair serves both of its pixels.
-#include "video/subsampled.h"
+#include "video/chroma_share.h"
 
 namespace zor {
 namespace {

@@ -1,7 +1,7 @@
 // RGB and BGR to subsampled YCbCr (4:2:2 packed and planar, 4:2:0, 4:1:1),
 // 8-bit, serial rows.
 #include "twist/gamma_tables.h"
-#include "video/subsampled.h"
+#include "video/group_encoder.h"
 
 namespace zor {
 namespace {

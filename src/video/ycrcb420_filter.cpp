@@ -1,5 +1,6 @@
 // Planar YCrCb 4:2:0 to BGRA with vertically interpolated chroma, serial rows.
-#include "video/subsampled.h"
+#include "video/chroma_share.h"
+#include "video/group_encoder.h"
 
 namespace zor {
 namespace {

@@ -1,36 +1,16 @@
-// Chroma-subsampled video (4:2:2, 4:2:0, 4:1:1): the group encoder, decoder
-// set C, the packed 4:2:2 sample orders and the rules by which a group's
-// chroma is shared among its pixels. Built on the 4:4:4 arithmetic of
-// video/ycbcr.h.
-//
-// What this header offers to other video code:
-//  - Rgb8 and the pixel readers RgbC3 / BgrC3 / BgrAC4 / PlanarRgb (functors
-//    x -> Rgb8 over one row);
-//  - lumaProduct / cbProduct / crProduct and lumaOf (the encoder products,
-//    linear, so they serve single pixels and channel sums alike);
-//  - GroupRule and the encoder rules RuleE422, RuleECbY, RuleEB422, RuleE420,
-//    RuleE411, with encodeGroups (one row of groups into a sink) and the sinks
-//    PlanarYCbCrSink / Packed422Sink;
-//  - the decoders SetB (set B of the 4:4:4 code) and SetC (packed 4:2:2), each
-//    with decode(Y, Cb, Cr) -> unclamped Rgb32;
-//  - the packed orders OrderYCbCr / OrderCbYCr and forEachPacked422, which
-//    hands every pixel of a packed row with its shared Cb and Cr (including
-//    the last odd pixel's rule), and forEachPlanarShared for planar chroma;
-//  - decoder outputs RgbOutC3 / BgrOutC3 / BgrOutC4 / PlanarRgbOut and
-//    decodePacked422Row (one packed row through a set into an output);
-//  - the encoder row frames encodePacked422Rows / encodePlanarRows (any
-//    reader, including 16-bit words) and roundedSizeStatus (the odd-size
-//    warning of the conversions that round the size down to whole groups).
+// The group encoders of chroma-subsampled video (4:2:2, 4:2:0, 4:1:1): the
+// per-member rules (group, shift, biases), the pixel readers, the sinks that
+// place a group's samples and the encoder row frames.
 #pragma once
 
 #include "core/frame.h"
+#include "video/pixels.h"
 #include "video/ycbcr.h"
 
 #include <cstdint>
 
 namespace zor {
 
-// ---------------------------------------------------------------------------
 // Encoder arithmetic
 
 struct Rgb8 {
@@ -110,14 +90,6 @@ struct PlanarYCbCrSink {
     void lastOddPixel(int x, Rgb8 p) { y[0][x] = lumaOf(p, kLumaRounded); }
 };
 
-// Sample orders of packed 4:2:2: byte offsets inside a pair's four bytes. In
-// both orders the first two bytes hold one Y and the Cb.
-struct OrderYCbCr {
-    static constexpr int kY0 = 0, kCb = 1, kY1 = 2, kCr = 3;
-};
-struct OrderCbYCr {
-    static constexpr int kCb = 0, kY0 = 1, kCr = 2, kY1 = 3;
-};
 
 // Packed 4:2:2 row. A last odd pixel writes its rounded Y and a Cb of its
 // own (the single-pixel equation); the Cr byte, which would lie beyond the
@@ -163,83 +135,6 @@ inline void encode422Row(const Src& src, Sink& sink, int width) {
     const Src rows[1] = {src};
     encodeGroups<Rule>(rows, sink, width / 2);
     if (width & 1) sink.lastOddPixel(width - 1, src(width - 1));
-}
-
-// ---------------------------------------------------------------------------
-// Decoders: unclamped R, G, B of one pixel; clamp with sat8.
-
-// Set B of the 4:4:4 code (rounding, 76282 family).
-struct SetB {
-    static Rgb32 decode(int y, int cb, int cr) { return zor::decode(kSetB, y, cb, cr); }
-};
-
-// Set C of the packed 4:2:2 decoders: the coefficients of set A on unsigned
-// Cb and Cr, with biases 57, 14 and 13 (/65536) below set A's for R, G, B.
-struct SetC {
-    static Rgb32 decode(int y, int cb, int cr) {
-        const std::int32_t luma = 76284 * y;
-        return {asr(luma + 104595 * cr - 14608761, 16), asr(luma - 25690 * cb - 53281 * cr + 8887730, 16),
-                asr(luma + 132186 * cb - 18140365, 16)};
-    }
-};
-
-// Walks one packed 4:2:2 row and calls pixel(x, Y, Cb, Cr) for x = 0 ..
-// width - 1; both pixels of a pair get the pair's Cb and Cr. A last odd pixel
-// takes Y and Cb from the two bytes of its incomplete group and the Cr of the
-// previous pair; in a row of width 1 there is no previous pair and its Cb
-// stands in for Cr.
-template <class Order, class Pixel>
-inline void forEachPacked422(const Zor8u* s, int width, Pixel&& pixel) {
-    const int pairs = width / 2;
-    for (int k = 0; k < pairs; ++k, s += 4) {
-        const int cb = s[Order::kCb], cr = s[Order::kCr];
-        pixel(2 * k, s[Order::kY0], cb, cr);
-        pixel(2 * k + 1, s[Order::kY1], cb, cr);
-    }
-    if (width & 1) {
-        const int cb = s[Order::kCb];
-        const int cr = pairs > 0 ? s[Order::kCr - 4] : cb;
-        pixel(width - 1, s[Order::kY0], cb, cr);
-    }
-}
-
-// Planar chroma shared by Group horizontal pixels: pixel x uses chroma sample
-// x / Group (the chroma row is chosen by the caller).
-template <int Group, class Pixel>
-inline void forEachPlanarShared(const Zor8u* y, const Zor8u* cb, const Zor8u* cr, int width, Pixel&& pixel) {
-    for (int x = 0; x < width; ++x) pixel(x, y[x], cb[x / Group], cr[x / Group]);
-}
-
-// Decoder outputs: store the clamped R, G, B of pixel x.
-template <int Stride, int ROff, int BOff, bool Alpha = false>
-struct InterleavedOut {
-    Zor8u* p;
-    Zor8u aval;
-    void operator()(int x, Rgb32 c) const {
-        Zor8u* q = p + static_cast<std::ptrdiff_t>(x) * Stride;
-        q[ROff] = clampByte(c.r);
-        q[1] = clampByte(c.g);
-        q[BOff] = clampByte(c.b);
-        if constexpr (Alpha) q[3] = aval;
-    }
-};
-using RgbOutC3 = InterleavedOut<3, 0, 2>;
-using BgrOutC3 = InterleavedOut<3, 2, 0>;
-using BgrOutC4 = InterleavedOut<4, 2, 0, true>;  // writes aval as the fourth byte
-
-struct PlanarRgbOut {
-    Zor8u *r, *g, *b;
-    void operator()(int x, Rgb32 c) const {
-        r[x] = clampByte(c.r);
-        g[x] = clampByte(c.g);
-        b[x] = clampByte(c.b);
-    }
-};
-
-// Decodes one packed 4:2:2 row with a constant set into an output.
-template <class Set, class Order, class Out>
-inline void decodePacked422Row(const Zor8u* src, const Out& out, int width) {
-    forEachPacked422<Order>(src, width, [&](int x, int y, int cb, int cr) { out(x, Set::decode(y, cb, cr)); });
 }
 
 // ---------------------------------------------------------------------------
