@@ -1,193 +1,107 @@
 // YCbCr (4:4:4, 4:2:2, 4:2:0, 4:1:1) and YUV 4:2:0 to packed 16-bit RGB/BGR
-// words, plain and dithered. Serial rows.
+// words, plain and dithered. Serial rows; the destination step is halved to
+// whole words.
+#include "core/export.h"
 #include "video/packed16.h"
 
-#include <cstdint>
-#include <type_traits>
+#define ZOR_DECL_OUT_WORDS Zor16u *pDst, int dstStep
+#define ZOR_EXPR_OUT_WORDS ::zor::C<Zor16u, 1, ::zor::StepIn::Elements>{pDst, dstStep}
 
 namespace zor {
 namespace {
 
-// Destination rows: the byte step halved (arithmetic shift) to whole words.
-inline Plane<Zor16u> wordPlane(Zor16u* p, int dstStep) {
-    return Plane<Zor16u>{p, wholeElementBytes<Zor16u>(dstStep)};
-}
+using K = Packed16Kernels;
 
-// Contiguous images are converted as one long row: the kernel is called for
-// the largest multiple of 8 pixels and once more for the 1 to 7 left over.
-// Returns false (nothing done) when the images are not contiguous.
-template <int SrcBytes, class Kernel>
-bool oneLongRow(Kernel kernel, const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roi) {
-    const std::int64_t w = roi.width;
-    const std::int64_t n = w * roi.height;
-    if (srcStep != w * SrcBytes || elementStep<Zor16u>(dstStep) != w || n > INT32_MAX) return false;
-    const int all = static_cast<int>(n);
-    const int head = all & ~7;
-    if (head > 0) kernel(pSrc, pDst, head, 0);
-    if (all > head) kernel(pSrc + static_cast<std::ptrdiff_t>(head) * SrcBytes, pDst + head, all - head, 0);
-    return true;
-}
-
-template <int SrcBytes, class Kernel>
-void interleavedRows(Kernel kernel, const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roi) {
-    const Plane<const Zor8u> s = plane(pSrc, srcStep);
-    const Plane<Zor16u> d = wordPlane(pDst, dstStep);
-    serialRows(roi.height, [&](int y) { kernel(s.row(y), d.row(y), roi.width, y); });
-}
-
-// 4:4:4 interleaved. The plain members take the one-long-row path; the BGR444
-// member alone also asks for an even width there (the result is the same).
-template <class Fmt, bool Dither>
-ZorStatus packedFromC3(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roi) {
-    if (anyNull(pSrc, pDst)) return zorStsNullPtr;
-    if (badSize(roi)) return zorStsBadSize;
-    using Dec = std::conditional_t<Dither, DecodeFine, DecodeSetA>;
-    const auto kernel = innerYCbCrToPacked16_C3R<Dec, Fmt, Dither>;
-    if constexpr (!Dither) {
-        const bool evenOnly = std::is_same_v<Fmt, BGR444>;
-        if ((!evenOnly || roi.width % 2 == 0) && oneLongRow<3>(kernel, pSrc, srcStep, pDst, dstStep, roi))
-            return zorStsOk;
-    }
-    interleavedRows<3>(kernel, pSrc, srcStep, pDst, dstStep, roi);
-    return zorStsOk;
-}
-
-// 4:2:2 packed Y0 Cb Y1 Cr. The plain members take the one-long-row path when
-// the width is even.
-template <class Fmt, bool Dither>
-ZorStatus packedFromC2(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, ZoriSize roi) {
-    if (anyNull(pSrc, pDst)) return zorStsNullPtr;
-    if (badSize(roi)) return zorStsBadSize;
-    using Dec = std::conditional_t<Dither, DecodeFine, SetC>;
-    const auto kernel = innerYCbCr422ToPacked16_C2R<Dec, Fmt, Dither>;
-    if constexpr (!Dither) {
-        if (roi.width % 2 == 0 && oneLongRow<2>(kernel, pSrc, srcStep, pDst, dstStep, roi)) return zorStsOk;
-    }
-    interleavedRows<2>(kernel, pSrc, srcStep, pDst, dstStep, roi);
-    return zorStsOk;
-}
-
-// Planar sources: luma row y, chroma row y >> VShift, one chroma sample per
-// Group luma samples.
-template <int Group, int VShift, class Dec, class Fmt, bool Dither>
-void ownYCbCrToPacked16_P3(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, int width,
-                           int height) {
-    const Plane<const Zor8u> py = plane(pSrc[0], srcStep[0]), pcb = plane(pSrc[1], srcStep[1]),
-                             pcr = plane(pSrc[2], srcStep[2]);
-    const Plane<Zor16u> d = wordPlane(pDst, dstStep);
-    serialRows(height, [&](int y) {
-        innerYCbCrToPacked16_P3R<Group, Dec, Fmt, Dither>(py.row(y), pcb.row(y >> VShift), pcr.row(y >> VShift),
-                                                          d.row(y), width, y);
-    });
-}
-
-// Pointers (and the step array), size, then the planes.
-inline ZorStatus checkPlanar(const Zor8u* const pSrc[3], const void* steps, const Zor16u* pDst, ZoriSize roi) {
-    if (anyNull(pSrc, steps, pDst)) return zorStsNullPtr;
-    if (badSize(roi)) return zorStsBadSize;
-    if (anyNull(pSrc[0], pSrc[1], pSrc[2])) return zorStsNullPtr;
-    return zorStsOk;
-}
-
-template <class Fmt, bool Dither>
-ZorStatus packedFromP3(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, int dstStep, ZoriSize roi) {
-    const int steps[3] = {srcStep, srcStep, srcStep};
-    const ZorStatus st = checkPlanar(pSrc, steps, pDst, roi);
-    if (st != zorStsOk) return st;
-    ownYCbCrToPacked16_P3<1, 0, DecodeFine, Fmt, Dither>(pSrc, steps, pDst, dstStep, roi.width, roi.height);
-    return zorStsOk;
-}
-
-// 4:2:2 (VShift 0) and 4:2:0 (VShift 1) planar. Every pixel is converted; an
-// odd last column or row uses the chroma of its incomplete group.
-template <int VShift, class Fmt, bool Dither>
-ZorStatus packedFromSubsampledP3(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep,
-                                 ZoriSize roi) {
-    const ZorStatus st = checkPlanar(pSrc, srcStep, pDst, roi);
-    if (st != zorStsOk) return st;
-    ownYCbCrToPacked16_P3<2, VShift, DecodeFine, Fmt, Dither>(pSrc, srcStep, pDst, dstStep, roi.width, roi.height);
-    return zorStsOk;
-}
-
-// 4:1:1 planar: whole groups of four only.
-template <class Fmt>
-ZorStatus packedFrom411(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst, int dstStep, ZoriSize roi) {
-    const ZorStatus st = checkPlanar(pSrc, srcStep, pDst, roi);
-    if (st != zorStsOk) return st;
-    ownYCbCrToPacked16_P3<4, 0, DecodeSet411, Fmt, false>(pSrc, srcStep, pDst, dstStep, roi.width & ~3, roi.height);
-    return roi.width % 4 == 0 ? zorStsOk : zorStsOddSizeWarning;
-}
+template <auto M>
+using Rowwise = Rows<Serial, Packed16K<M>>;
+// The dither phase is the position inside the region: never fused.
+template <auto M>
+using Dithered = Rows<Serial, Packed16K<M>, RowIndex>;
+// Plain interleaved and packed sources: contiguous images as one long row.
+// The BGR444 4:4:4 member alone asks for an even width there as well (the
+// result is the same); 4:2:2 needs whole pairs in every row.
+template <int G, auto M>
+using Fused = Rows<Serial, Packed16K<M>, Fuse<G>>;
+// 4:1:1 converts whole groups of four and warns about the rest.
+template <auto M>
+using Groups411 = Rows<Serial, Packed16K<M>, WholeGroups<4, 1, true>>;
 
 }  // namespace
 }  // namespace zor
 
 using namespace zor;
 
-// Twelve members (six formats, plain and Dither) per source form.
-#define ZOR_PACKED_FORMATS(X) X(RGB565) X(BGR565) X(RGB555) X(BGR555) X(RGB444) X(BGR444)
-
-#define ZOR_PACKED_C3(F)                                                                                            \
-    ZORCC_API ZorStatus zoriYCbCrTo##F##_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep,       \
-                                                   ZoriSize roiSize) {                                              \
-        return packedFromC3<F, false>(pSrc, srcStep, pDst, dstStep, roiSize);                                       \
-    }                                                                                                               \
-    ZORCC_API ZorStatus zoriYCbCrTo##F##Dither_8u16u_C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, \
-                                                         ZoriSize roiSize) {                                        \
-        return packedFromC3<F, true>(pSrc, srcStep, pDst, dstStep, roiSize);                                        \
-    }
-
-#define ZOR_PACKED_P3(F)                                                                                          \
-    ZORCC_API ZorStatus zoriYCbCrTo##F##_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst,       \
-                                                     int dstStep, ZoriSize roiSize) {                             \
-        return packedFromP3<F, false>(pSrc, srcStep, pDst, dstStep, roiSize);                                     \
-    }                                                                                                             \
-    ZORCC_API ZorStatus zoriYCbCrTo##F##Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], int srcStep, Zor16u* pDst, \
-                                                           int dstStep, ZoriSize roiSize) {                       \
-        return packedFromP3<F, true>(pSrc, srcStep, pDst, dstStep, roiSize);                                      \
-    }
-
-#define ZOR_PACKED_C2(F)                                                                                           \
-    ZORCC_API ZorStatus zoriYCbCr422To##F##_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst, int dstStep, \
-                                                        ZoriSize roiSize) {                                        \
-        return packedFromC2<F, false>(pSrc, srcStep, pDst, dstStep, roiSize);                                      \
-    }                                                                                                              \
-    ZORCC_API ZorStatus zoriYCbCr422To##F##Dither_8u16u_C2C3R(const Zor8u* pSrc, int srcStep, Zor16u* pDst,        \
-                                                              int dstStep, ZoriSize roiSize) {                     \
-        return packedFromC2<F, true>(pSrc, srcStep, pDst, dstStep, roiSize);                                       \
-    }
-
-// Subsampled planar forms: MODEL is YCbCr422, YCbCr420 or YUV420.
-#define ZOR_PACKED_SUB(MODEL, VSHIFT, F)                                                                         \
-    ZORCC_API ZorStatus zori##MODEL##To##F##_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3],       \
-                                                         Zor16u* pDst, int dstStep, ZoriSize roiSize) {          \
-        return packedFromSubsampledP3<VSHIFT, F, false>(pSrc, srcStep, pDst, dstStep, roiSize);                  \
-    }                                                                                                            \
-    ZORCC_API ZorStatus zori##MODEL##To##F##Dither_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], \
-                                                               Zor16u* pDst, int dstStep, ZoriSize roiSize) {    \
-        return packedFromSubsampledP3<VSHIFT, F, true>(pSrc, srcStep, pDst, dstStep, roiSize);                   \
-    }
-#define ZOR_PACKED_422P3(F) ZOR_PACKED_SUB(YCbCr422, 0, F)
-#define ZOR_PACKED_420P3(F) ZOR_PACKED_SUB(YCbCr420, 1, F)
-// The YUV 4:2:0 members decode exactly like the YCbCr 4:2:0 members.
-#define ZOR_PACKED_YUV420P3(F) ZOR_PACKED_SUB(YUV420, 1, F)
-
-extern "C" {
-
-ZOR_PACKED_FORMATS(ZOR_PACKED_C3)
-ZOR_PACKED_FORMATS(ZOR_PACKED_P3)
-ZOR_PACKED_FORMATS(ZOR_PACKED_C2)
-ZOR_PACKED_FORMATS(ZOR_PACKED_422P3)
-ZOR_PACKED_FORMATS(ZOR_PACKED_420P3)
-ZOR_PACKED_FORMATS(ZOR_PACKED_YUV420P3)
-
-ZORCC_API ZorStatus zoriYCbCr411ToBGR565_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst,
-                                                     int dstStep, ZoriSize roiSize) {
-    return packedFrom411<BGR565>(pSrc, srcStep, pDst, dstStep, roiSize);
-}
-
-ZORCC_API ZorStatus zoriYCbCr411ToBGR555_8u16u_P3C3R(const Zor8u* const pSrc[3], const int srcStep[3], Zor16u* pDst,
-                                                     int dstStep, ZoriSize roiSize) {
-    return packedFrom411<BGR555>(pSrc, srcStep, pDst, dstStep, roiSize);
-}
-
-}  // extern "C"
+ZOR_EXPORT(zoriYCbCrToRGB565_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3RGB565>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB565Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3RGB565Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR565_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3BGR565>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR565Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3BGR565Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB555_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3RGB555>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB555Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3RGB555Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR555_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3BGR555>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR555Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3BGR555Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB444_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3RGB444>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB444Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3RGB444Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR444_8u16u_C3R, (StandardChecks), (Fused<2, &K::c3BGR444>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR444Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3BGR444Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3RGB565>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3RGB565Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3BGR565>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3BGR565Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3RGB555>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3RGB555Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3BGR555>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3BGR555Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3RGB444>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3RGB444Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3BGR444>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCrToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3BGR444Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB565_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2RGB565>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB565Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2RGB565Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR565_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2BGR565>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR565Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2BGR565Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB555_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2RGB555>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB555Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2RGB555Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR555_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2BGR555>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR555Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2BGR555Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB444_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2RGB444>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB444Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2RGB444Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR444_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2BGR444>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR444Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2BGR444Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB565>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB565Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR565>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR565Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB555>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB555Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR555>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR555Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB444>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB444Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR444>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr422ToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR444Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB565Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToBGR565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR565Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToRGB555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB555>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToRGB555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB555Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToBGR555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR555>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToBGR555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR555Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB444>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR444>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr420ToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB565Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToBGR565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR565Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToRGB555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB555>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToRGB555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB555Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToBGR555_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR555>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToBGR555Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR555Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB444>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR444>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYUV420ToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr411ToBGR565_8u16u_P3C3R, (StandardChecks), (Groups411<&K::p411BGR565>), IN_P3S(Zor8u, 0, 4), OUT_WORDS, ROI)
+ZOR_EXPORT(zoriYCbCr411ToBGR555_8u16u_P3C3R, (StandardChecks), (Groups411<&K::p411BGR555>), IN_P3S(Zor8u, 0, 4), OUT_WORDS, ROI)

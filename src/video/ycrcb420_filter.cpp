@@ -1,73 +1,61 @@
 // Planar YCrCb 4:2:0 to BGRA with vertically interpolated chroma, serial rows.
-#include "video/chroma_share.h"
-#include "video/group_encoder.h"
+#include "core/export.h"
+#include "video/decode_kernels.h"
+
+#include <algorithm>
+#include <tuple>
 
 namespace zor {
 namespace {
 
-// Chroma of one full-height row at column k: for an even row the chroma row
-// itself (rows[1]); for an odd row the four-tap half-way interpolation
-// (-1, 9, 9, -1) / 16 of rows[0..3], rounded by +8, floored, clamped.
-template <bool Interpolate>
-inline int chromaAt(const Zor8u* const rows[4], int k) {
-    if constexpr (!Interpolate) {
-        return rows[1][k];
-    } else {
-        const std::int32_t v = asr(-rows[0][k] + 9 * rows[1][k] + 9 * rows[2][k] - rows[3][k] + 8, 4);
-        return v < 0 ? 0 : v > 255 ? 255 : v;
-    }
-}
+// Every pointer and plane before the size; at least 2 x 8 pixels.
+using FilterChecks = Checks<check::Null<kOuter | kStepArray | kPlanes>, check::Size<2, 8>>;
 
-// One output row of an even width: each chroma sample serves a pixel pair,
-// decoded with set B, written B, G, R, aval.
-template <bool Interpolate>
-void innerYCrCb420ToBGR_Filter(const Zor8u* y, const Zor8u* const cr[4], const Zor8u* const cb[4], Zor8u* dst,
-                               int width, Zor8u aval) {
-    const BgrOutC4 out{dst, aval};
-    for (int k = 0; k < width / 2; ++k) {
-        const int vcr = chromaAt<Interpolate>(cr, k), vcb = chromaAt<Interpolate>(cb, k);
-        out(2 * k, SetB::decode(y[2 * k], vcb, vcr));
-        out(2 * k + 1, SetB::decode(y[2 * k + 1], vcb, vcr));
-    }
-}
+// The region in whole pixel pairs and whole groups of eight rows; the rest is
+// left alone with a warning. Row y of the output takes the chroma of
+// full-height row y: for even y chroma row y / 2 itself, for odd y = 2j + 1
+// the half-way value of chroma rows j - 1 .. j + 2 of the converted region
+// (a row outside it replaced by the nearest edge row). Each chroma sample
+// serves a pixel pair; set B; B, G, R, aval.
+struct FilterRows {
+    using Size = WholeGroups<2, 8, true>;
+    static constexpr int kChunk = 1024;  // chroma samples interpolated at a time
 
-void ownYCrCb420ToBGR_Filter(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst, int dstStep,
-                             ZoriSize roi, Zor8u aval) {
-    const int width = roi.width & ~1;
-    const int height = roi.height & ~7;
-    const int chromaRows = height / 2;
-    const Plane<Zor8u> d = plane(pDst, dstStep);
-    auto clampRow = [&](int j) { return j < 0 ? 0 : j >= chromaRows ? chromaRows - 1 : j; };
-    serialRows(height, [&](int yy) {
-        const int j = yy / 2;
-        const Zor8u* cr[4];
-        const Zor8u* cb[4];
-        for (int t = 0; t < 4; ++t) {
-            const int r = clampRow(j - 1 + t);
-            cr[t] = rowAt(pSrc[1], srcStep[1], r);
-            cb[t] = rowAt(pSrc[2], srcStep[2], r);
-        }
-        const Zor8u* y = rowAt(pSrc[0], srcStep[0], yy);
-        if (yy & 1)
-            innerYCrCb420ToBGR_Filter<true>(y, cr, cb, d.row(yy), width, aval);
-        else
-            innerYCrCb420ToBGR_Filter<false>(y, cr, cb, d.row(yy), width, aval);
-    });
-}
+    template <class Images, class Extras>
+    static ZorStatus run(ZoriSize roi, const Images& images, const Extras& extras) {
+        const ZoriSize done = Size::done(roi);
+        const auto src = std::get<0>(images).view();  // planes Y, Cr, Cb
+        const auto dst = std::get<1>(images).view();
+        const Zor8u aval = std::get<0>(extras).value();
+        const auto decodeRow = DecodeK<&DecodeKernels::planar422BgrC4>::resolve();
+        const auto halfway = DecodeK<&DecodeKernels::halfway>::resolve();
+        const int chromaRows = done.height / 2, pairs = done.width / 2;
+        forRows<Serial>(done.height, [&](int y) {
+            const Row3<const Zor8u, 2> r = src.row(y);
+            Zor8u* out = dst.row(y).p;
+            if ((y & 1) == 0) {
+                decodeRow({{r.p[0], r.p[2], r.p[1]}}, {out}, done.width, aval);
+                return;
+            }
+            const Row3<const Zor8u, 2> c[4] = {
+                src.row(2 * std::max(y / 2 - 1, 0)), src.row(2 * (y / 2)),
+                src.row(2 * std::min(y / 2 + 1, chromaRows - 1)), src.row(2 * std::min(y / 2 + 2, chromaRows - 1))};
+            Zor8u cr[kChunk], cb[kChunk];
+            for (int k = 0; k < pairs; k += kChunk) {
+                const int n = std::min(kChunk, pairs - k);
+                halfway({c[0].p[1] + k}, {c[1].p[1] + k}, {c[2].p[1] + k}, {c[3].p[1] + k}, {cr}, n);
+                halfway({c[0].p[2] + k}, {c[1].p[2] + k}, {c[2].p[2] + k}, {c[3].p[2] + k}, {cb}, n);
+                decodeRow({{r.p[0] + 2 * k, cb, cr}}, {out + 8 * k}, 2 * n, aval);
+            }
+        });
+        return Size::status(roi);
+    }
+};
 
 }  // namespace
 }  // namespace zor
 
 using namespace zor;
 
-extern "C" {
-
-ZORCC_API ZorStatus zoriYCrCb420ToBGR_Filter_8u_P3C4R(const Zor8u* const pSrc[3], const int srcStep[3], Zor8u* pDst,
-                                                      int dstStep, ZoriSize roiSize, Zor8u aval) {
-    if (anyNull(pSrc, srcStep, pDst) || anyNull(pSrc[0], pSrc[1], pSrc[2])) return zorStsNullPtr;
-    if (badSize(roiSize, 2, 8)) return zorStsBadSize;
-    ownYCrCb420ToBGR_Filter(pSrc, srcStep, pDst, dstStep, roiSize, aval);
-    return roundedSizeStatus(roiSize, 2, 8);
-}
-
-}  // extern "C"
+ZOR_EXPORT(zoriYCrCb420ToBGR_Filter_8u_P3C4R, (FilterChecks), (FilterRows), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 4), ROI,
+           ARG(Zor8u, aval))

@@ -1,0 +1,58 @@
+// Row kernels of the subsampled decoders to 8-bit RGB and BGR: the scalar
+// kernels, which are the reference, and the list of kernel shapes from which
+// the scalar table and, per CPU target, the vector table are made
+// (video/decode_hwy.cpp).
+#pragma once
+
+#include "core/kernel_set.h"
+#include "video/chroma_share.h"
+
+namespace zor {
+
+// Source S (a chroma sharing of video/chroma_share.h) to RGB of layout D with
+// constant set K; a layout that fills a fourth byte takes the value after
+// the width.
+template <const Decoder& K, class S, class D, class... Fill>
+void decodeShared(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fill) {
+    S::forEach(s, width, [&](int x, int y, int cb, int cr) {
+        const Rgb32 c = decode(K, y, cb, cr);
+        D::put(d, static_cast<std::ptrdiff_t>(x), clampByte(c.r), clampByte(c.g), clampByte(c.b), fill...);
+    });
+}
+
+// The chroma half-way between rows 1 and 2 of four: (-r0 + 9 r1 + 9 r2 - r3
+// + 8) >> 4, clamped to 0..255.
+template <class T>
+void halfwayRow(RowC<const T, 1> r0, RowC<const T, 1> r1, RowC<const T, 1> r2, RowC<const T, 1> r3, RowC<T, 1> out,
+                int width) {
+    for (int k = 0; k < width; ++k)
+        out.p[k] = clampByte(asr(9 * (r1.p[k] + r2.p[k]) - (r0.p[k] + r3.p[k]) + 8, 4));
+}
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_DECODE_KERNELS(X)                                                       \
+    X(ycbcr422Rgb, decodeShared, (kSetC, Packed422<OrderYCbCr>, PixC3))             \
+    X(ycbcr422RgbP3, decodeShared, (kSetC, Packed422<OrderYCbCr>, PixP3))           \
+    X(ycbcr422Bgr, decodeShared, (kSetC, Packed422<OrderYCbCr>, PixBgrC3))          \
+    X(ycbcr422BgrC4, decodeShared, (kSetC, Packed422<OrderYCbCr>, PixBgrC4, Zor8u)) \
+    X(cbycr422Rgb, decodeShared, (kSetB, Packed422<OrderCbYCr>, PixC3))             \
+    X(cbycr422BgrC4, decodeShared, (kSetB, Packed422<OrderCbYCr>, PixBgrC4, Zor8u)) \
+    X(planar422Rgb, decodeShared, (kSetB, Shared<2>, PixC3))                        \
+    X(planar422BgrC4, decodeShared, (kSetB, Shared<2>, PixBgrC4, Zor8u))            \
+    X(halfway, halfwayRow, (Zor8u))
+
+struct DecodeKernels {
+    ZOR_DECODE_KERNELS(ZOR_KERNEL_MEMBER)
+};
+
+inline constexpr DecodeKernels kDecodeScalar = {ZOR_DECODE_KERNELS(ZOR_KERNEL_POINTER)};
+
+// The tables by target (scalar first); defined with the vector kernels.
+const DecodeKernels* const* decodeTables();
+
+template <auto Member>
+using DecodeK = KernelSet<Member, decodeTables>;
+
+}  // namespace zor
