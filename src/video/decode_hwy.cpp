@@ -26,9 +26,8 @@ void decodeShared(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill...
     const int limit = VecSource<S>::limit(width);
     int i = 0;
     for (; i + n <= limit; i += n) {
-        V16 y[2], u[2], v[2], r[2], g[2], b[2];
-        VecSource<S>::load(s, static_cast<std::size_t>(i), y, u, v);
-        for (int h = 0; h < 2; ++h) decodeHalf<K>(y[h], u[h], v[h], r[h], g[h], b[h]);
+        V16 r[2], g[2], b[2];
+        VecDecoded<DecodeSet<K>, S>::at(s, static_cast<std::size_t>(i), r, g, b);
         VecPix<D>::store(d8, d, static_cast<std::size_t>(i), to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]),
                          alpha);
     }

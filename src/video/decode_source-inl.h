@@ -14,6 +14,8 @@
 
 #include "hwy/highway.h"
 #include "video/chroma_share.h"
+
+#include <array>
 #include "video/vec-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -41,6 +43,27 @@ HWY_INLINE V16 upsample(const std::uint8_t* p) {
         auto c = hn::PromoteTo(DU64(), hn::PromoteTo(d32, hn::LoadU(hn::Rebind<std::uint8_t, DU64>(), p)));
         c = hn::Or(c, hn::ShiftLeft<16>(c));
         return hn::BitCast(D16(), hn::Or(c, hn::ShiftLeft<32>(c)));
+    }
+}
+
+// Chunks of four 16-bit lanes reordered so that InterleaveLower and
+// InterleaveUpper of the result with itself (which work per 128-bit block)
+// give every lane of v twice, in order: chunk p of the result is chunk p / 2
+// of v for even p and chunk n / 2 + p / 2 for odd p (n chunks).
+template <std::size_t N>
+constexpr std::array<std::uint64_t, N> doublingOrder() {
+    std::array<std::uint64_t, N> idx{};
+    for (std::size_t p = 0; p < N; ++p) idx[p] = (p % 2) * (N / 2) + p / 2;
+    return idx;
+}
+HWY_INLINE V16 forDoubling(V16 v) {
+    constexpr std::size_t n = hn::MaxLanes(DU64());
+    if constexpr (n <= 2) {
+        return v;
+    } else {
+        static constexpr std::array<std::uint64_t, n> kOrder = doublingOrder<n>();
+        const DU64 d64;
+        return hn::BitCast(D16(), hn::TableLookupLanes(hn::BitCast(d64, v), hn::SetTableIndices(d64, kOrder.data())));
     }
 }
 
@@ -125,6 +148,142 @@ struct VecDecode<DecodeFine> {
         g = hn::ShiftRight<4>(
             hn::Sub(hn::Sub(luma, hn::MulHigh(cb, hn::Set(d, 3211))), hn::MulHigh(cr, hn::Set(d, 6660))));
         b = hn::ShiftRight<4>(hn::Add(luma, hn::MulHigh(cb, hn::Set(d, 16523))));
+    }
+};
+
+// ---------------------------------------------------------------------------
+// R, G, B (unclamped, 16-bit lanes in pixel order) of pixels i .. i +
+// Lanes(D8) - 1 of source S decoded with Dec, as two halves.
+template <class Dec, class S>
+struct VecDecoded {
+    static HWY_INLINE void at(RowOf<S, const std::uint8_t> s, std::size_t i, V16 r[2], V16 g[2], V16 b[2]) {
+        V16 y[2], u[2], v[2];
+        VecSource<S>::load(s, i, y, u, v);
+        for (int h = 0; h < 2; ++h) VecDecode<Dec>::half(y[h], u[h], v[h], r[h], g[h], b[h]);
+    }
+};
+
+// Sources whose chroma serves pixel pairs, one pair per 32-bit lane: Y0 and
+// Y1, Cb and Cr as the lane's 16-bit halves.
+template <class S>
+struct VecPairs;
+
+template <class Order>
+struct VecPairs<Packed422<Order>> {
+    static_assert(Order::kY1 == Order::kY0 + 2 && Order::kCr == Order::kCb + 2, "pair layout");
+    static HWY_INLINE void load(RowC<const std::uint8_t, 2> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
+        const DU32 du;
+        const auto x = hn::BitCast(du, hn::LoadU(D8(), r.p + 2 * i + h * hn::Lanes(D8())));
+        const auto low = hn::Set(du, 0x00FF00FFu);
+        yy = hn::BitCast(D32(), hn::And(hn::ShiftRight<8 * Order::kY0>(x), low));
+        cc = hn::BitCast(D32(), hn::And(hn::ShiftRight<8 * Order::kCb>(x), low));
+    }
+};
+
+template <>
+struct VecPairs<Shared<2>> {
+    static HWY_INLINE void load(Row3<const std::uint8_t, 2> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
+        const DU32 du;
+        const hn::Rebind<std::uint8_t, DU32> quarter;
+        const std::size_t at = i + h * hn::Lanes(D16());
+        yy = hn::BitCast(D32(), hn::PromoteTo(DU16(), hn::LoadU(hn::Rebind<std::uint8_t, DU16>(), r.p[0] + at)));
+        const auto cb = hn::PromoteTo(du, hn::LoadU(quarter, r.p[1] + at / 2));
+        const auto cr = hn::PromoteTo(du, hn::LoadU(quarter, r.p[2] + at / 2));
+        cc = hn::BitCast(D32(), hn::Or(cb, hn::ShiftLeft<16>(cr)));
+    }
+};
+
+// Four pixels per chroma sample: each sample serves two pair lanes.
+template <>
+struct VecPairs<Shared<4>> {
+    static HWY_INLINE void load(Row3<const std::uint8_t, 4> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
+        const hn::Rebind<std::uint8_t, DU64> eighth;
+        const hn::Rebind<std::uint32_t, DU64> d32;
+        const std::size_t at = i + h * hn::Lanes(D16());
+        yy = hn::BitCast(D32(), hn::PromoteTo(DU16(), hn::LoadU(hn::Rebind<std::uint8_t, DU16>(), r.p[0] + at)));
+        const auto cb = hn::PromoteTo(DU64(), hn::PromoteTo(d32, hn::LoadU(eighth, r.p[1] + at / 4)));
+        const auto cr = hn::PromoteTo(DU64(), hn::PromoteTo(d32, hn::LoadU(eighth, r.p[2] + at / 4)));
+        const auto both = hn::Or(cb, hn::ShiftLeft<16>(cr));
+        cc = hn::BitCast(D32(), hn::Or(both, hn::ShiftLeft<32>(both)));
+    }
+};
+
+// A 16.16 set on pixel pairs: the chroma terms are formed once per pair and
+// the 32-bit sums of both pixels are exactly those of the scalar code
+// (coefficients split as in DecoderSplit; the whole parts are 0, 1, 2 or
+// -1). The result of the even pixel is the low half of its sum shifted
+// logically by 16, the odd pixel's the high half of its sum: together the
+// pair's two 16-bit lanes in pixel order.
+template <std::int32_t A>
+HWY_INLINE V32 times(V32 x) {
+    if constexpr (A == 0) return hn::Zero(D32());
+    else if constexpr (A == 1) return x;
+    else if constexpr (A == 2) return hn::Add(x, x);
+    else {
+        static_assert(A == -1, "whole part of a split coefficient");
+        return hn::Neg(x);
+    }
+}
+
+template <const Decoder& K, class S>
+struct VecPairDecoded {
+    using Split = DecoderSplit<K>;
+    static_assert(Split::y.a == 1, "luma coefficient split");
+
+    static HWY_INLINE V16 channel(V32 even, V32 odd, V32 chroma) {
+        const DU32 du;
+        const auto lo = hn::ShiftRight<16>(hn::BitCast(du, hn::Add(even, chroma)));
+        const auto hi = hn::And(hn::BitCast(du, hn::Add(odd, chroma)), hn::Set(du, 0xFFFF0000u));
+        return hn::BitCast(D16(), hn::Or(lo, hi));
+    }
+    static HWY_INLINE void at(RowOf<S, const std::uint8_t> row, std::size_t i, V16 r[2], V16 g[2], V16 b[2]) {
+        const D32 d;
+        const V32 high = hn::Set(d, static_cast<std::int32_t>(0xFFFF0000u));
+        for (std::size_t h = 0; h < 2; ++h) {
+            V32 yy, cc;
+            VecPairs<S>::load(row, i, h, yy, cc);
+            const V16 yy16 = hn::BitCast(D16(), yy), cc16 = hn::BitCast(D16(), cc);
+            const V32 even = hn::Add(dot(yy16, pair(Split::y.b, 0)), hn::ShiftLeft<16>(yy));
+            const V32 odd = hn::Add(dot(yy16, pair(0, Split::y.b)), hn::And(yy, high));
+            const V32 cb = hn::ShiftLeft<16>(cc), cr = hn::And(cc, high);  // Cb << 16, Cr << 16
+            const V32 cR = hn::Add(dot(cc16, pair(0, Split::rv.b)), hn::Add(times<Split::rv.a>(cr), hn::Set(d, K.offR)));
+            const V32 cG = hn::Sub(hn::Add(dot(cc16, pair(-Split::gu.b, -Split::gv.b)), hn::Set(d, K.offG)),
+                                   hn::Add(times<Split::gu.a>(cb), times<Split::gv.a>(cr)));
+            const V32 cB = hn::Add(dot(cc16, pair(Split::bu.b, 0)), hn::Add(times<Split::bu.a>(cb), hn::Set(d, K.offB)));
+            r[h] = channel(even, odd, cR);
+            g[h] = channel(even, odd, cG);
+            b[h] = channel(even, odd, cB);
+        }
+    }
+};
+
+template <const Decoder& K, class Order>
+struct VecDecoded<DecodeSet<K>, Packed422<Order>> : VecPairDecoded<K, Packed422<Order>> {};
+template <const Decoder& K, int H>
+struct VecDecoded<DecodeSet<K>, Shared<H>> : VecPairDecoded<K, Shared<H>> {};
+
+// The fine decoder on 4:2:2 and 4:2:0 planes: the chroma terms are formed
+// once per chroma sample and then doubled.
+template <>
+struct VecDecoded<DecodeFine, Shared<2>> {
+    static HWY_INLINE void at(Row3<const std::uint8_t, 2> r, std::size_t i, V16 red[2], V16 green[2], V16 blue[2]) {
+        const D16 d;
+        const hn::Rebind<std::uint8_t, D16> half;
+        const auto centred = [&](const std::uint8_t* p) {
+            return forDoubling(hn::ShiftLeft<7>(hn::Sub(hn::PromoteTo(d, hn::LoadU(half, p + i / 2)), hn::Set(d, 128))));
+        };
+        const V16 cb = centred(r.p[1]), cr = centred(r.p[2]);
+        const V16 tR = hn::MulHigh(cr, hn::Set(d, 13074)), tB = hn::MulHigh(cb, hn::Set(d, 16523));
+        const V16 tG = hn::Add(hn::MulHigh(cb, hn::Set(d, 3211)), hn::MulHigh(cr, hn::Set(d, 6660)));
+        const V8 y = hn::LoadU(D8(), r.p[0] + i);
+        for (int h = 0; h < 2; ++h) {
+            const V16 luma =
+                hn::MulHigh(hn::ShiftLeft<7>(hn::Sub(h == 0 ? lowerTo16(y) : upperTo16(y), hn::Set(d, 16))), hn::Set(d, 9535));
+            const auto twice = [&](V16 t) { return h == 0 ? hn::InterleaveLower(d, t, t) : hn::InterleaveUpper(d, t, t); };
+            red[h] = hn::ShiftRight<4>(hn::Add(luma, twice(tR)));
+            green[h] = hn::ShiftRight<4>(hn::Sub(luma, twice(tG)));
+            blue[h] = hn::ShiftRight<4>(hn::Add(luma, twice(tB)));
+        }
     }
 };
 

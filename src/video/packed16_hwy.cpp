@@ -48,10 +48,13 @@ struct VecFields {
             return hn::ShiftRight<8 - Bits>(v);
         } else {
             constexpr int kMax = (1 << Bits) - 1;
-            const VU16 q = hn::ShiftRight<8>(hn::Mul(v, hn::Set(du, kMax)));
-            const VU16 rem = hn::Sub(hn::ShiftLeft<8>(v), hn::Mul(q, hn::Set(du, 256 * 255 / kMax)));
-            const auto above = hn::Gt(hn::BitCast(D16(), rem), hn::BitCast(D16(), t));
-            return hn::Sub(q, hn::BitCast(du, hn::VecFromMask(D16(), above)));
+            const VU16 v256 = hn::ShiftLeft<8>(v);
+            const VU16 q = hn::MulHigh(v256, hn::Set(du, kMax));  // (max v) >> 8
+            // v256 + q (-unit): a multiplier that the compiler keeps as one
+            // multiplication instead of shifts and adds.
+            const VU16 rem = hn::Add(v256, hn::Mul(q, hn::Set(du, static_cast<std::uint16_t>(-(256 * 255 / kMax)))));
+            const auto above = hn::RebindMask(du, hn::Gt(hn::BitCast(D16(), rem), hn::BitCast(D16(), t)));
+            return hn::IfThenElse(above, hn::Add(q, hn::Set(du, 1)), q);
         }
     }
     HWY_INLINE VU16 pack(V16 r, V16 g, V16 b) const {
@@ -70,13 +73,9 @@ void toPacked16(RowOf<S, const Zor8u> s, RowC<Zor16u, 1> d, int width, Phase... 
     const int limit = VecSource<S>::limit(width);
     int i = 0;
     for (; i + n <= limit; i += n) {
-        V16 luma[2], u[2], v[2];
-        VecSource<S>::load(s, static_cast<std::size_t>(i), luma, u, v);
-        for (std::size_t h = 0; h < 2; ++h) {
-            V16 r, g, b;
-            VecDecode<Dec>::half(luma[h], u[h], v[h], r, g, b);
-            hn::StoreU(fields.pack(r, g, b), DU16(), d.p + i + h * half);
-        }
+        V16 r[2], g[2], b[2];
+        VecDecoded<Dec, S>::at(s, static_cast<std::size_t>(i), r, g, b);
+        for (std::size_t h = 0; h < 2; ++h) hn::StoreU(fields.pack(r[h], g[h], b[h]), DU16(), d.p + i + h * half);
     }
     // i is a multiple of 4: the tail keeps the dither phase.
     ::zor::toPacked16<Dec, S, Fmt>(S::advance(s, i), {d.p + i}, width - i, y...);
