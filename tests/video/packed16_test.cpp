@@ -1,401 +1,154 @@
-// YCbCr / YUV 4:2:0 to packed 16-bit words: every member against a per-pixel
-// model on random images of even and odd sizes, contiguous and padded, top-down
-// and bottom-up; statuses and check order; the pinned quirks of the decoders
-// and the quantisers.
-#include <cstring>
-#include <memory>
-#include <string>
-#include <vector>
+// Packed 16-bit outputs: all 74 members against a per-pixel model on random images of many sizes, contiguous
+// (one long row), bottom-up and padded with an odd destination step; check order; pinned quirks; every vector
+// kernel against its scalar kernel at every CPU target.
+#include "subsampled_ref.h"
+#include "support/kernel_harness.h"
+#include "video/packed16.h"
 
-#include "support/testutil.h"
+#include <vector>
 
 namespace {
 
-// ---------------------------------------------------------------------------
-// Model
-
-std::int64_t floorShift(std::int64_t v, int s) {
-    const std::int64_t d = std::int64_t{1} << s;
-    return v >= 0 ? v / d : -((-v + d - 1) / d);
-}
-int clamp255(std::int64_t v) { return v < 0 ? 0 : v > 255 ? 255 : static_cast<int>(v); }
-
-struct Rgb {
-    int r, g, b;
-};
-
-enum class Dec { SetA, SetA411, SetC, Fine };
-
-Rgb decode(Dec dec, int Y, int Cb, int Cr) {
-    const std::int64_t d = Cb - 128, e = Cr - 128;
-    switch (dec) {
-        case Dec::SetA:
-        case Dec::SetA411: {
-            const std::int64_t l = 76284 * std::int64_t{Y} - (dec == Dec::SetA ? 1220544 : 1187776);
-            return {clamp255(floorShift(l + 104595 * e, 16)), clamp255(floorShift(l - 25690 * d - 53281 * e, 16)),
-                    clamp255(floorShift(l + 132186 * d, 16))};
-        }
-        case Dec::SetC: {
-            const std::int64_t l = 76284 * std::int64_t{Y};
-            return {clamp255(floorShift(l + 104595 * Cr - 14608761, 16)),
-                    clamp255(floorShift(l - 25690 * Cb - 53281 * Cr + 8887730, 16)),
-                    clamp255(floorShift(l + 132186 * Cb - 18140365, 16))};
-        }
-        case Dec::Fine: {
-            const std::int64_t yy = floorShift((Y - 16) * 128 * 9535, 16), dd = d * 128, ee = e * 128;
-            return {clamp255(floorShift(yy + floorShift(ee * 13074, 16), 4)),
-                    clamp255(floorShift(yy - floorShift(dd * 3211, 16) - floorShift(ee * 6660, 16), 4)),
-                    clamp255(floorShift(yy + floorShift(dd * 16523, 16), 4))};
-        }
-    }
-    return {};
-}
-
-const int kT5[4][4] = {{0, 1118, 279, 1398}, {1678, 559, 1957, 839}, {419, 1538, 139, 1258}, {2097, 978, 1817, 699}};
-const int kT4[4][4] = {
-    {0, 2312, 578, 2890}, {3468, 1156, 4046, 1734}, {867, 3179, 289, 2601}, {4335, 2023, 3757, 1445}};
-
-int field(int v, int bits, bool dither, int x, int y) {
-    if (!dither) return v >> (8 - bits);
-    if (bits == 5) {
-        const int q = (31 * v) >> 8;
-        return 256 * v - 2105 * q > kT5[y & 3][x & 3] ? q + 1 : q;
-    }
-    if (bits == 6) {
-        const int q = (63 * v) >> 8;
-        return 256 * v - 1036 * q > (kT5[y & 3][x & 3] >> 1) ? q + 1 : q;
-    }
-    const int q = (15 * v) >> 8;
-    return 256 * v - 4352 * q > kT4[y & 3][x & 3] ? q + 1 : q;
-}
-
-enum class Fmt { RGB565, BGR565, RGB555, BGR555, RGB444, BGR444 };
-
-Zor16u pack(Fmt f, Rgb c, bool dither, int x, int y) {
-    const int rb = f == Fmt::RGB444 || f == Fmt::BGR444 ? 4 : 5;
-    const int gb = f == Fmt::RGB565 || f == Fmt::BGR565 ? 6 : rb;
-    const bool bgr = f == Fmt::BGR565 || f == Fmt::BGR555 || f == Fmt::BGR444;
-    const int lo = field(bgr ? c.b : c.r, rb, dither, x, y), hi = field(bgr ? c.r : c.b, rb, dither, x, y);
-    return static_cast<Zor16u>(lo | field(c.g, gb, dither, x, y) << rb | hi << (rb + gb));
-}
-
-// ---------------------------------------------------------------------------
-// Members
-
-enum class Form { C3, P3, C2, P422, P420, YUV420, P411 };
-
-using FnI = ZorStatus (*)(const Zor8u*, int, Zor16u*, int, ZoriSize);
+enum class Form { C3, P3, C2, P422, P420, P411 };
+using FnC = ZorStatus (*)(const Zor8u*, int, Zor16u*, int, ZoriSize);
 using FnP1 = ZorStatus (*)(const Zor8u* const[3], int, Zor16u*, int, ZoriSize);
 using FnP3 = ZorStatus (*)(const Zor8u* const[3], const int[3], Zor16u*, int, ZoriSize);
-
-struct Member {
-    std::string name;
+struct Member {  // fmt: RGB565, BGR565, RGB555, BGR555, RGB444, BGR444; one of c, p1, p3 is set
+    const char* name;
     Form form;
-    Fmt fmt;
-    FnI fi;
-    FnP1 fp1;
-    FnP3 fp3;
-    bool dither() const { return name.find("Dither") != std::string::npos; }
-    Dec decoder() const {
-        if (dither()) return Dec::Fine;
-        return form == Form::C3     ? Dec::SetA
-               : form == Form::C2   ? Dec::SetC
-               : form == Form::P411 ? Dec::SetA411
-                                    : Dec::Fine;
-    }
+    int fmt;
+    bool dither;
+    FnC c;
+    FnP1 p1;
+    FnP3 p3;
 };
+#define ZT_C(K, D, FORM, NAME) Member{#NAME, Form::FORM, K, D, NAME, nullptr, nullptr}
+#define ZT_P1(K, D, NAME) Member{#NAME, Form::P3, K, D, nullptr, NAME, nullptr}
+#define ZT_P3(K, D, FORM, NAME) Member{#NAME, Form::FORM, K, D, nullptr, nullptr, NAME}
+#define ZT_PLAIN_AND_DITHER(M, K, FORM, MODEL, F, LAYOUT) \
+    M(K, false, FORM, zori##MODEL##To##F##_8u16u_##LAYOUT), M(K, true, FORM, zori##MODEL##To##F##Dither_8u16u_##LAYOUT)
+#define ZT_FORMAT(F, K)                                                                                       \
+    ZT_PLAIN_AND_DITHER(ZT_C, K, C3, YCbCr, F, C3R), ZT_PLAIN_AND_DITHER(ZT_C, K, C2, YCbCr422, F, C2C3R),   \
+        ZT_P1(K, false, zoriYCbCrTo##F##_8u16u_P3C3R), ZT_P1(K, true, zoriYCbCrTo##F##Dither_8u16u_P3C3R),  \
+        ZT_PLAIN_AND_DITHER(ZT_P3, K, P422, YCbCr422, F, P3C3R),                                             \
+        ZT_PLAIN_AND_DITHER(ZT_P3, K, P420, YCbCr420, F, P3C3R), ZT_PLAIN_AND_DITHER(ZT_P3, K, P420, YUV420, F, P3C3R)
+const Member kMembers[] = {ZT_FORMAT(RGB565, 0), ZT_FORMAT(BGR565, 1), ZT_FORMAT(RGB555, 2),
+                           ZT_FORMAT(BGR555, 3), ZT_FORMAT(RGB444, 4), ZT_FORMAT(BGR444, 5),
+                           ZT_P3(1, false, P411, zoriYCbCr411ToBGR565_8u16u_P3C3R),
+                           ZT_P3(3, false, P411, zoriYCbCr411ToBGR555_8u16u_P3C3R)};
 
-#define ZT_I(FORM, MODEL, F, D, LAY) \
-    Member { #MODEL "To" #F #D "_" #LAY, Form::FORM, Fmt::F, zori##MODEL##To##F##D##_8u16u_##LAY, nullptr, nullptr }
-#define ZT_P1(F, D) \
-    Member { "YCbCrTo" #F #D "_P3C3R", Form::P3, Fmt::F, nullptr, zoriYCbCrTo##F##D##_8u16u_P3C3R, nullptr }
-#define ZT_P3(FORM, MODEL, F, D) \
-    Member { #MODEL "To" #F #D "_P3C3R", Form::FORM, Fmt::F, nullptr, nullptr, zori##MODEL##To##F##D##_8u16u_P3C3R }
-#define ZT_SIX(M, ...)                                                                              \
-    M(__VA_ARGS__, RGB565), M(__VA_ARGS__, BGR565), M(__VA_ARGS__, RGB555), M(__VA_ARGS__, BGR555), \
-        M(__VA_ARGS__, RGB444), M(__VA_ARGS__, BGR444)
-#define ZT_C3(D, F) ZT_I(C3, YCbCr, F, D, C3R)
-#define ZT_C2(D, F) ZT_I(C2, YCbCr422, F, D, C2C3R)
-#define ZT_P1F(D, F) ZT_P1(F, D)
-#define ZT_422(D, F) ZT_P3(P422, YCbCr422, F, D)
-#define ZT_420(D, F) ZT_P3(P420, YCbCr420, F, D)
-#define ZT_YUV(D, F) ZT_P3(YUV420, YUV420, F, D)
-
-const std::vector<Member>& members() {
-    static const std::vector<Member> all = {
-        ZT_SIX(ZT_C3, ),
-        ZT_SIX(ZT_C3, Dither),
-        ZT_SIX(ZT_P1F, ),
-        ZT_SIX(ZT_P1F, Dither),
-        ZT_SIX(ZT_C2, ),
-        ZT_SIX(ZT_C2, Dither),
-        ZT_SIX(ZT_422, ),
-        ZT_SIX(ZT_422, Dither),
-        ZT_SIX(ZT_420, ),
-        ZT_SIX(ZT_420, Dither),
-        ZT_SIX(ZT_YUV, ),
-        ZT_SIX(ZT_YUV, Dither),
-        ZT_P3(P411, YCbCr411, BGR565, ),
-        ZT_P3(P411, YCbCr411, BGR555, ),
-    };
-    return all;
+int field(int v, int bits, bool dither, int x, int y) {
+    static const int kT[2][4][4] = {
+        {{0, 1118, 279, 1398}, {1678, 559, 1957, 839}, {419, 1538, 139, 1258}, {2097, 978, 1817, 699}},
+        {{0, 2312, 578, 2890}, {3468, 1156, 4046, 1734}, {867, 3179, 289, 2601}, {4335, 2023, 3757, 1445}}};
+    if (!dither) return v >> (8 - bits);
+    const int unit = bits == 5 ? 2105 : bits == 6 ? 1036 : 4352, q = (((1 << bits) - 1) * v) >> 8;
+    const int t = bits == 4 ? kT[1][y & 3][x & 3] : bits == 6 ? kT[0][y & 3][x & 3] >> 1 : kT[0][y & 3][x & 3];
+    return 256 * v - unit * q > t ? q + 1 : q;
 }
 
-const Member& member(const std::string& name) {
-    for (const Member& m : members())
-        if (m.name == name) return m;
-    throw std::runtime_error("no member " + name);
+Zor16u pack(int fmt, ref::Rgb c, bool dither, int x, int y) {
+    const int rb = fmt >= 4 ? 4 : 5, gb = fmt < 2 ? 6 : rb;
+    const int lo = fmt & 1 ? c.b : c.r, hi = fmt & 1 ? c.r : c.b;
+    return static_cast<Zor16u>(field(lo, rb, dither, x, y) | field(c.g, gb, dither, x, y) << rb |
+                               field(hi, rb, dither, x, y) << (rb + gb));
 }
 
-// ---------------------------------------------------------------------------
-// Images: the source of one member (one interleaved image or three planes),
-// seen top-down or bottom-up.
-
-template <class T>
-struct View {
-    T* base;
-    int step;
-    T* row(int y) const {
-        return reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(base) + std::ptrdiff_t{step} * y);
-    }
-};
-template <class T>
-View<T> viewOf(zt::Image<T>& im, bool flip) {
-    return flip ? View<T>{im.flippedData(), im.flippedStep()} : View<T>{im.data(), im.step()};
+// Set A (4:4:4 interleaved), set C (packed), set A plus one half (4:1:1); else, and when dithered, the fine one.
+ref::Rgb decode(const Member& m, ref::Ycc s) {
+    if (m.dither || (m.form != Form::C3 && m.form != Form::C2 && m.form != Form::P411)) return ref::fine(s.y, s.cb, s.cr);
+    if (m.form != Form::P411) return m.form == Form::C2 ? ref::setC(s.y, s.cb, s.cr) : ref::setA_B(s.y, s.cb, s.cr, 0);
+    const std::int64_t l = 76284 * (s.y - 16) + 32768, d = s.cb - 128, e = s.cr - 128;
+    const auto sat = [](std::int64_t v) { return ref::clamp255(ref::floorShift(v, 16)); };
+    return {sat(l + 104595 * e), sat(l - 25690 * d - 53281 * e), sat(l + 132186 * d)};
 }
 
+// The source of one member (one interleaved image or three planes; 4:4:4 planes share one step).
 struct Source {
     Form form;
-    int w, h;
-    std::vector<std::unique_ptr<zt::Image<Zor8u>>> im;  // 1 interleaved or 3 planes
-    View<Zor8u> v[3];
-    const Zor8u* planes[3];
-    int steps[3];
-
-    Source(Form f, int w_, int h_, bool flip, int pad, std::uint32_t seed) : form(f), w(w_), h(h_) {
-        if (f == Form::C3 || f == Form::C2) {
-            im.emplace_back(new zt::Image<Zor8u>(w, h, f == Form::C3 ? 3 : 2, pad, seed));
-        } else {
-            const bool sub2 = f == Form::P422 || f == Form::P420 || f == Form::YUV420;
-            const int cw = f == Form::P3 ? w : sub2 ? (w + 1) / 2 : w / 4;
-            const int ch = f == Form::P420 || f == Form::YUV420 ? (h + 1) / 2 : h;
-            im.emplace_back(new zt::Image<Zor8u>(w, h, 1, pad, seed));
-            // 4:4:4 planes share one step; the others get steps of their own.
-            const int more = f == Form::P3 ? 0 : 1;
-            im.emplace_back(new zt::Image<Zor8u>(cw, ch, 1, pad + more, seed + 1));
-            im.emplace_back(new zt::Image<Zor8u>(cw, ch, 1, pad + 2 * more, seed + 2));
-        }
-        for (std::size_t i = 0; i < im.size(); ++i) {
-            v[i] = viewOf(*im[i], flip);
-            planes[i] = v[i].base;
-            steps[i] = v[i].step;
-        }
+    int w;
+    std::vector<ref::Img> im;
+    bool flip;
+    const Zor8u* ptrs[3] = {};
+    int steps[3] = {};
+    Source(Form f, int width, int h, bool flipped, int pad, std::uint32_t seed) : form(f), w(width), flip(flipped) {
+        const int cw = f == Form::P3 ? w : f == Form::P411 ? (w + 3) / 4 : (w + 1) / 2;
+        const int bytes = f == Form::C3 ? 3 : f == Form::C2 ? 2 : 1, ch = f == Form::P420 ? (h + 1) / 2 : h;
+        for (int k = 0; k < (bytes > 1 ? 1 : 3); ++k)  // interleaved: one plane of 3w or 2w bytes
+            im.emplace_back(k ? cw : w * bytes, k ? ch : h, 1, pad + (f == Form::P3 ? 0 : k), seed + k);
+        for (std::size_t k = 0; k < im.size(); ++k) ptrs[k] = view(k).ptr(), steps[k] = view(k).step();
     }
-
-    // Y, Cb, Cr of pixel (x, y) of the region as the member reads them.
-    void sample(int x, int y, int& Y, int& Cb, int& Cr) const {
-        switch (form) {
-            case Form::C3: {
-                const Zor8u* p = v[0].row(y) + 3 * x;
-                Y = p[0], Cb = p[1], Cr = p[2];
-                return;
-            }
-            case Form::C2: {
-                const Zor8u* r = v[0].row(y);
-                Y = r[2 * x];
-                if (x < (w & ~1)) {
-                    Cb = r[4 * (x / 2) + 1], Cr = r[4 * (x / 2) + 3];
-                } else {  // last odd pixel: previous pair's Cr, or its own Cb in a one-pixel row
-                    Cb = r[2 * x + 1], Cr = w == 1 ? Cb : r[2 * x - 1];
-                }
-                return;
-            }
-            default: {
-                const int cx = form == Form::P3 ? x : form == Form::P411 ? x / 4 : x / 2;
-                const int cy = form == Form::P420 || form == Form::YUV420 ? y / 2 : y;
-                Y = v[0].row(y)[x], Cb = v[1].row(cy)[cx], Cr = v[2].row(cy)[cx];
-            }
-        }
+    ref::View view(std::size_t k) { return {&im[k], flip}; }
+    ref::Ycc sample(int x, int y) {
+        if (form == Form::C3) return {view(0).row(y)[3 * x], view(0).row(y)[3 * x + 1], view(0).row(y)[3 * x + 2]};
+        if (form == Form::C2) return ref::packedSamples(view(0).row(y), x, w, false);
+        const int cx = form == Form::P3 ? x : form == Form::P411 ? x / 4 : x / 2, cy = form == Form::P420 ? y / 2 : y;
+        return {view(0).row(y)[x], view(1).row(cy)[cx], view(2).row(cy)[cx]};
+    }
+    ZorStatus call(const Member& m, Zor16u* dst, int dstStep, ZoriSize roi) const {
+        return m.c ? m.c(ptrs[0], steps[0], dst, dstStep, roi)
+                   : m.p1 ? m.p1(ptrs, steps[0], dst, dstStep, roi) : m.p3(ptrs, steps, dst, dstStep, roi);
     }
 };
 
-ZorStatus call(const Member& m, const Source& s, Zor16u* dst, int dstStep, ZoriSize roi) {
-    if (m.fi) return m.fi(s.planes[0], s.steps[0], dst, dstStep, roi);
-    if (m.fp1) return m.fp1(s.planes, s.steps[0], dst, dstStep, roi);
-    return m.fp3(s.planes, s.steps, dst, dstStep, roi);
-}
-
-// Runs one member on one random image and compares the whole destination
-// allocation with the model. `oddStep` passes the destination step plus one
-// byte, which the member must drop.
-void checkMember(const Member& m, int w, int h, bool flip, int pad, bool oddStep, std::uint32_t seed) {
-    SCOPED_TRACE(m.name + " " + std::to_string(w) + "x" + std::to_string(h) + (flip ? " flipped" : "") + " pad " +
-                 std::to_string(pad) + (oddStep ? " odd step" : ""));
-    Source src(m.form, w, h, flip, pad, seed);
-    zt::Image<Zor16u> dst(w, h, 1, 2 * pad, seed + 7);
-    zt::Image<Zor16u> want = dst;
-    View<Zor16u> wv = viewOf(want, flip);
-    const int convW = m.form == Form::P411 ? w & ~3 : w;
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < convW; ++x) {
-            int Y, Cb, Cr;
-            src.sample(x, y, Y, Cb, Cr);
-            wv.row(y)[x] = pack(m.fmt, decode(m.decoder(), Y, Cb, Cr), m.dither(), x, y);
+TEST(Packed16, EveryMemberMatchesModel) {
+    const int sizes[][2] = {{1, 1}, {1, 4}, {2, 3}, {3, 2}, {5, 3}, {6, 5}, {9, 9}, {13, 6}, {22, 7}, {67, 2}, {80, 3}};
+    for (const Member& m : kMembers)
+        for (int i = 0; i < 33; ++i) {  // every size: contiguous, flipped, padded with an odd step
+            const int w = sizes[i % 11][0], h = sizes[i % 11][1], variant = i / 11, pad = 2 * variant;
+            SCOPED_TRACE(testing::Message() << m.name << " " << w << "x" << h << " #" << variant);
+            Source src(m.form, w, h, variant == 1, pad, 8 * i);
+            zt::Image<Zor16u> dst(w, h, 1, 2 * pad, 8 * i + 7), want = dst;
+            for (int y = 0; y < h; ++y)
+                for (int x = 0; x < (m.form == Form::P411 ? w & ~3 : w); ++x)
+                    want.row(variant == 1 ? h - 1 - y : y)[x] = pack(m.fmt, decode(m, src.sample(x, y)), m.dither, x, y);
+            const ZorStatus st = variant == 1 ? src.call(m, dst.flippedData(), dst.flippedStep(), {w, h})
+                                              : src.call(m, dst.data(), dst.step() + (variant == 2), {w, h});
+            EXPECT_EQ(st, m.form == Form::P411 && w % 4 ? zorStsOddSizeWarning : zorStsOk);
+            EXPECT_EQ(zt::firstDifference(dst.bytes(), want.bytes()), -1);
         }
-    View<Zor16u> dv = viewOf(dst, flip);
-    const ZorStatus st = call(m, src, dv.base, dv.step + (oddStep ? 1 : 0), {w, h});
-    EXPECT_EQ(st, m.form == Form::P411 && w % 4 ? zorStsOddSizeWarning : zorStsOk);
-    const std::ptrdiff_t at = zt::firstDifference(dst.bytes(), want.bytes());
-    EXPECT_EQ(at, -1) << "first differing byte " << at;
 }
 
-// ---------------------------------------------------------------------------
-// Whole-buffer comparisons
-
-TEST(Packed16, AllSeventyFourMembersExist) { EXPECT_EQ(members().size(), 74u); }
-
-TEST(Packed16, EveryMemberMatchesModelOnRandomImages) {
-    const int sizes[][2] = {{1, 1}, {1, 4}, {2, 3}, {3, 2}, {5, 3}, {6, 5}, {7, 4}, {9, 9}, {13, 6}, {22, 7}};
-    std::uint32_t seed = 11;
-    for (const Member& m : members())
-        for (const auto& s : sizes)
-            for (int variant = 0; variant < 3; ++variant)
-                checkMember(m, s[0], s[1], variant == 1, variant == 2 ? 6 : 2, variant != 0, seed++);
-}
-
-// Contiguous images (no padding) take the one-long-row path of the plain
-// interleaved and packed members; results equal the row-by-row model, also
-// for pixel counts that are not multiples of 8 and for odd widths.
-TEST(Packed16, ContiguousImagesMatchModel) {
-    const int sizes[][2] = {{1, 1}, {3, 1}, {4, 3}, {5, 5}, {8, 2}, {10, 3}, {6, 7}, {16, 4}};
-    std::uint32_t seed = 500;
-    for (const Member& m : members())
-        for (const auto& s : sizes) checkMember(m, s[0], s[1], false, 0, false, seed++);
-}
-
-// ---------------------------------------------------------------------------
-// Statuses and check order
-
-TEST(Packed16, ChecksPointersThenSizeThenPlanes) {
-    for (const Member& m : members()) {
-        SCOPED_TRACE(m.name);
+// Pointers (and the step array) first, then the size, then the planes.
+TEST(Packed16, CheckOrder) {
+    for (const Member& m : kMembers) {
         Source src(m.form, 4, 2, false, 2, 3);
         zt::Image<Zor16u> dst(4, 2, 1);
         const zt::Image<Zor16u> before = dst;
-        if (m.fi) {
-            EXPECT_EQ(m.fi(nullptr, 12, dst.data(), dst.step(), {4, 2}), zorStsNullPtr);
-            EXPECT_EQ(m.fi(src.planes[0], 12, nullptr, dst.step(), {0, 2}), zorStsNullPtr);
-        } else {
-            EXPECT_EQ(call(m, src, nullptr, dst.step(), {0, 0}), zorStsNullPtr);
-            const Zor8u* const* none = nullptr;
-            if (m.fp1) {
-                EXPECT_EQ(m.fp1(none, 8, dst.data(), dst.step(), {0, 2}), zorStsNullPtr);
-            }
-            if (m.fp3) {
-                EXPECT_EQ(m.fp3(none, src.steps, dst.data(), dst.step(), {0, 2}), zorStsNullPtr);
-                EXPECT_EQ(m.fp3(src.planes, nullptr, dst.data(), dst.step(), {0, 2}), zorStsNullPtr);
-            }
-            // A null plane is found only after the size.
-            for (int p = 0; p < 3; ++p) {
-                const Zor8u* saved = src.planes[p];
-                src.planes[p] = nullptr;
-                EXPECT_EQ(call(m, src, dst.data(), dst.step(), {4, 0}), zorStsBadSize);
-                EXPECT_EQ(call(m, src, dst.data(), dst.step(), {4, 2}), zorStsNullPtr);
-                src.planes[p] = saved;
-            }
+        EXPECT_EQ(src.call(m, nullptr, 8, {0, 0}), zorStsNullPtr) << m.name;
+        EXPECT_EQ(src.call(m, dst.data(), 8, {4, -1}), zorStsBadSize) << m.name;
+        for (int p = 0; p < (m.c ? 1 : 3); ++p) {  // the image, or a plane inside the array
+            Source broken = src;
+            broken.ptrs[p] = nullptr;
+            EXPECT_EQ(broken.call(m, dst.data(), 8, {4, 0}), m.c ? zorStsNullPtr : zorStsBadSize) << m.name << p;
+            EXPECT_EQ(broken.call(m, dst.data(), 8, {4, 2}), zorStsNullPtr) << m.name << p;
         }
-        EXPECT_EQ(call(m, src, dst.data(), dst.step(), {0, 2}), zorStsBadSize);
-        EXPECT_EQ(call(m, src, dst.data(), dst.step(), {4, -1}), zorStsBadSize);
-        EXPECT_TRUE(dst == before);
+        const Zor8u* const* none = nullptr;  // a null array of planes or of steps, even with a bad size
+        const ZorStatus noPlanes = m.p1   ? m.p1(none, 8, dst.data(), 8, {0, 2})
+                                   : m.p3 ? m.p3(none, src.steps, dst.data(), 8, {0, 2}) : zorStsNullPtr;
+        EXPECT_EQ(noPlanes, zorStsNullPtr) << m.name;
+        EXPECT_EQ(m.p3 ? m.p3(src.ptrs, nullptr, dst.data(), 8, {0, 2}) : zorStsNullPtr, zorStsNullPtr) << m.name;
+        EXPECT_TRUE(dst == before) << m.name;
     }
 }
 
-// ---------------------------------------------------------------------------
-// Pinned values and quirks
-
-// One pixel through a member; chroma planes hold the same Cb and Cr.
-Zor16u one(const std::string& name, int Y, int Cb, int Cr, int w = 1, int h = 1, int x = 0, int y = 0) {
-    const Member& m = member(name);
-    Source src(m.form, w, h, false, 1, 1);
-    for (int yy = 0; yy < h; ++yy)
-        for (int xx = 0; xx < w; ++xx) {
-            if (m.form == Form::C3) {
-                Zor8u* p = src.v[0].row(yy) + 3 * xx;
-                p[0] = static_cast<Zor8u>(Y), p[1] = static_cast<Zor8u>(Cb), p[2] = static_cast<Zor8u>(Cr);
-            } else if (m.form == Form::C2) {
-                src.v[0].row(yy)[2 * xx] = static_cast<Zor8u>(Y);
-                src.v[0].row(yy)[2 * xx + 1] = static_cast<Zor8u>(xx % 2 ? Cr : Cb);
-            } else {
-                src.v[0].row(yy)[xx] = static_cast<Zor8u>(Y);
-            }
-        }
-    if (m.form != Form::C3 && m.form != Form::C2)
-        for (int p = 1; p < 3; ++p)
-            for (int yy = 0; yy < src.im[p]->height(); ++yy)
-                std::memset(src.v[p].row(yy), p == 1 ? Cb : Cr, static_cast<std::size_t>(src.im[p]->width()));
-    zt::Image<Zor16u> dst(w, h, 1);
-    call(m, src, dst.data(), dst.step(), {w, h});
-    return dst.row(y)[x];
+// Dithered 255 gives the top field value but in the 6-bit green at threshold 2097 (column 0, row 3): 1048 is not
+// greater than 2097 >> 1. (36, 144, 144) gives green 4 by set A, 3 by set C (packed; one column: Cb for Cr).
+TEST(Packed16, PinnedValues) {
+    ref::Img white(4, 4, 3, 0);
+    white.fillSamples([i = 0]() mutable { return static_cast<Zor8u>(i++ % 3 ? 128 : 255); });
+    zt::Image<Zor16u> d(4, 4, 1, 0);
+    ASSERT_EQ(zoriYCbCrToRGB565Dither_8u16u_C3R(white.data(), white.step(), d.data(), d.step(), {4, 4}), zorStsOk);
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(d.row(i / 4)[i % 4], i == 12 ? 0xFFDF : 0xFFFF) << i;
+    const Zor8u px[3] = {36, 144, 144};
+    Zor16u out[2];
+    ASSERT_EQ(zoriYCbCrToRGB565_8u16u_C3R(px, 3, out, 2, {1, 1}), zorStsOk);
+    ASSERT_EQ(zoriYCbCr422ToRGB565_8u16u_C2C3R(px, 2, out + 1, 2, {1, 1}), zorStsOk);
+    EXPECT_EQ((std::vector<int>{out[0], out[1]}), (std::vector<int>{0x3026, 0x3006}));
 }
 
-TEST(Packed16Pinned, StudioWhiteIsAllOnes) {
-    EXPECT_EQ(one("YCbCrToRGB565_C3R", 235, 128, 128), 0xFFFF);
-    EXPECT_EQ(one("YCbCrToBGR555_C3R", 235, 128, 128), 0x7FFF);
-    EXPECT_EQ(one("YCbCrToRGB444_C3R", 235, 128, 128), 0x0FFF);
-}
-
-// Dithering: 0 stays 0 everywhere, 255 gives the top field value everywhere
-// except the 6-bit green where the threshold is 2097 (column 0, row 3): 1048
-// is not greater than 2097 >> 1.
-TEST(Packed16Pinned, DitherEndsAndTheGreenExceptionAt2097) {
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 4; ++x) {
-            const bool exception = x == 0 && y == 3;
-            EXPECT_EQ(one("YCbCrToRGB565Dither_C3R", 255, 128, 128, 4, 4, x, y), exception ? 0xFFDF : 0xFFFF);
-            EXPECT_EQ(one("YCbCrToRGB555Dither_C3R", 255, 128, 128, 4, 4, x, y), 0x7FFF);
-            EXPECT_EQ(one("YCbCrToBGR444Dither_C3R", 255, 128, 128, 4, 4, x, y), 0x0FFF);
-            EXPECT_EQ(one("YCbCrToRGB565Dither_C3R", 0, 128, 128, 4, 4, x, y), 0);
-        }
-}
-
-// Each source form keeps its own decoder: (16, 26, 128) gives G = 39 with set
-// A (interleaved) but 40 with the planar decoder; (36, 144, 144) gives G = 4
-// with set A but 3 with set C (packed 4:2:2, biased down).
-TEST(Packed16Pinned, EachSourceFormKeepsItsDecoder) {
-    EXPECT_EQ(one("YCbCrToRGB565_C3R", 16, 26, 128), 0x0120);
-    EXPECT_EQ(one("YCbCrToRGB565_P3C3R", 16, 26, 128), 0x0140);
-    EXPECT_EQ(one("YCbCrToRGB565_C3R", 36, 144, 144), 0x3026);
-    EXPECT_EQ(one("YCbCr422ToRGB565_C2C3R", 36, 144, 144, 2, 1), 0x3006);
-}
-
-// A one-pixel row of packed 4:2:2 has no previous pair: its Cb stands in for Cr.
-TEST(Packed16Pinned, PackedWidthOneUsesCbAsCr) {
-    const Member& m = member("YCbCr422ToRGB565_C2C3R");
-    Source src(m.form, 1, 1, false, 4, 1);
-    src.v[0].row(0)[0] = 128, src.v[0].row(0)[1] = 200, src.v[0].row(0)[2] = 16;  // byte 2 is padding
-    zt::Image<Zor16u> dst(1, 1, 1);
-    ASSERT_EQ(call(m, src, dst.data(), dst.step(), {1, 1}), zorStsOk);
-    EXPECT_EQ(dst.row(0)[0], pack(Fmt::RGB565, decode(Dec::SetC, 128, 200, 200), false, 0, 0));
-}
-
-// 4:1:1 adds one half in all three outputs: Y = 26 gives 12 where set A
-// gives 11, which moves the 6-bit green from 2 to 3.
-TEST(Packed16Pinned, YCbCr411RoundsAllThreeOutputs) {
-    EXPECT_EQ(one("YCbCr411ToBGR565_P3C3R", 26, 128, 128, 4, 1), 0x0861);
-    EXPECT_EQ(one("YCbCrToBGR565_C3R", 26, 128, 128), 0x0841);
-}
-
-// The YUV 4:2:0 members decode exactly like the YCbCr 4:2:0 members.
-TEST(Packed16Pinned, YUV420MembersEqualYCbCr420Members) {
-    for (const char* f : {"RGB565", "BGR555Dither", "RGB444"}) {
-        const Member& a = member(std::string("YCbCr420To") + f + "_P3C3R");
-        const Member& b = member(std::string("YUV420To") + f + "_P3C3R");
-        Source src(a.form, 9, 5, false, 3, 77);
-        zt::Image<Zor16u> da(9, 5, 1), db(9, 5, 1);
-        EXPECT_EQ(call(a, src, da.data(), da.step(), {9, 5}), zorStsOk);
-        EXPECT_EQ(call(b, src, db.data(), db.step(), {9, 5}), zorStsOk);
-        EXPECT_TRUE(da == db) << f;
-    }
-}
+#define ZOR_PACKED16_TEST(name, fn, args) \
+    TEST(Packed16KernelSets, name) { zt::expectVectorsMatchScalar(zor::packed16Tables, &zor::Packed16Kernels::name); }
+ZOR_PACKED16_KERNELS(ZOR_PACKED16_TEST)
 
 }  // namespace

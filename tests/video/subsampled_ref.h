@@ -82,4 +82,22 @@ struct PlaneSet {
     bool operator==(const PlaneSet& o) const { return p[0] == o.p[0] && p[1] == o.p[1] && p[2] == o.p[2]; }
 };
 
+// The decoder with four extra fraction bits, results clamped.
+inline Rgb fine(int y, int cb, int cr) {
+    const std::int64_t l = floorShift((y - 16) * 128 * 9535, 16), d = (cb - 128) * 128, e = (cr - 128) * 128;
+    return {clamp255(floorShift(l + floorShift(e * 13074, 16), 4)),
+            clamp255(floorShift(l - floorShift(d * 3211, 16) - floorShift(e * 6660, 16), 4)),
+            clamp255(floorShift(l + floorShift(d * 16523, 16), 4))};
+}
+
+// Y, Cb, Cr of pixel x of a packed 4:2:2 row of width w: a last odd pixel reads Y and Cb from its incomplete
+// group and Cr from the previous pair, or its own Cb again when there is no previous pair.
+struct Ycc { int y, cb, cr; };
+inline Ycc packedSamples(const Zor8u* s, int x, int w, bool cbYCr) {
+    const int oY = cbYCr ? 1 : 0, oCb = cbYCr ? 0 : 1, oCr = oCb + 2;
+    const Zor8u* p = s + 4 * (x / 2);
+    if (x < 2 * (w / 2)) return {p[oY + 2 * (x & 1)], p[oCb], p[oCr]};
+    return {p[oY], p[oCb], w > 1 ? p[oCr - 4] : p[oCb]};
+}
+
 }  // namespace ref
