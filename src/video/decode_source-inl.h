@@ -29,23 +29,6 @@ using DU16 = hn::Repartition<std::uint16_t, D8>;
 using DU32 = hn::Repartition<std::uint32_t, D8>;
 using DU64 = hn::Repartition<std::uint64_t, D8>;
 
-// Lanes(D16) chroma lanes from the samples at p, each repeated H times.
-template <int H>
-HWY_INLINE V16 upsample(const std::uint8_t* p) {
-    if constexpr (H == 1) {
-        return hn::PromoteTo(D16(), hn::LoadU(hn::Rebind<std::uint8_t, D16>(), p));
-    } else if constexpr (H == 2) {
-        const auto c = hn::PromoteTo(DU32(), hn::LoadU(hn::Rebind<std::uint8_t, DU32>(), p));
-        return hn::BitCast(D16(), hn::Or(c, hn::ShiftLeft<16>(c)));
-    } else {
-        static_assert(H == 4, "chroma groups of 1, 2 or 4 pixels");
-        const hn::Rebind<std::uint32_t, DU64> d32;
-        auto c = hn::PromoteTo(DU64(), hn::PromoteTo(d32, hn::LoadU(hn::Rebind<std::uint8_t, DU64>(), p)));
-        c = hn::Or(c, hn::ShiftLeft<16>(c));
-        return hn::BitCast(D16(), hn::Or(c, hn::ShiftLeft<32>(c)));
-    }
-}
-
 // Chunks of four 16-bit lanes reordered so that InterleaveLower and
 // InterleaveUpper of the result with itself (which work per 128-bit block)
 // give every lane of v twice, in order: chunk p of the result is chunk p / 2
@@ -72,14 +55,20 @@ HWY_INLINE V16 forDoubling(V16 v) {
 template <class S>
 struct VecSource;
 
+// Three samples per pixel, of layout L.
+template <class L>
+HWY_INLINE void loadHalves(RowOf<L, const std::uint8_t> r, std::size_t i, V16 y[2], V16 u[2], V16 v[2]) {
+    V8 a, b, c;
+    VecPix<L>::load(D8(), r, i, a, b, c);
+    y[0] = lowerTo16(a), u[0] = lowerTo16(b), v[0] = lowerTo16(c);
+    y[1] = upperTo16(a), u[1] = upperTo16(b), v[1] = upperTo16(c);
+}
+
 template <class L>
 struct VecSource<Full<L>> {
     static HWY_INLINE int limit(int width) { return width; }
     static HWY_INLINE void load(RowOf<L, const std::uint8_t> r, std::size_t i, V16 y[2], V16 u[2], V16 v[2]) {
-        V8 a, b, c;
-        VecPix<L>::load(D8(), r, i, a, b, c);
-        y[0] = lowerTo16(a), u[0] = lowerTo16(b), v[0] = lowerTo16(c);
-        y[1] = upperTo16(a), u[1] = upperTo16(b), v[1] = upperTo16(c);
+        loadHalves<L>(r, i, y, u, v);
     }
 };
 
@@ -108,17 +97,14 @@ struct VecSource<Packed422<Order>> {
     }
 };
 
+// Planes: 4:4:4 loads here; subsampled planes are decoded by pairs or with
+// doubled chroma terms (below).
 template <int H>
 struct VecSource<Shared<H>> {
     static HWY_INLINE int limit(int width) { return width; }
     static HWY_INLINE void load(Row3<const std::uint8_t, H> r, std::size_t i, V16 y[2], V16 u[2], V16 v[2]) {
-        const V8 luma = hn::LoadU(D8(), r.p[0] + i);
-        y[0] = lowerTo16(luma), y[1] = upperTo16(luma);
-        const std::size_t half = hn::Lanes(D16());
-        for (std::size_t h = 0; h < 2; ++h) {
-            u[h] = upsample<H>(r.p[1] + (i + h * half) / H);
-            v[h] = upsample<H>(r.p[2] + (i + h * half) / H);
-        }
+        static_assert(H == 1, "one chroma sample per pixel");
+        loadHalves<Planar>(r, i, y, u, v);
     }
 };
 

@@ -30,10 +30,11 @@ HWY_INLINE VU16 thresholds(int y) {
 }
 
 // The fields of one format from unclamped channels. Dithered in 16-bit lanes,
-// exactly: max v <= 16065; 256 v - unit q is taken modulo 2^16, and its true
-// value lies in 0..4607 (q <= max v / 256 makes it non-negative; q >
-// max v / 256 - 1 bounds it by 256 v - 255 v + unit), so the signed
-// comparison with a threshold below 4336 is the scalar one.
+// exactly: q is the high half of the unsigned product (256 v) max, which is
+// (max v) >> 8; 256 v - unit q is taken modulo 2^16, and its true value lies
+// in 0..4607 (q <= max v / 256 makes it non-negative; q > max v / 256 - 1
+// bounds it by 256 v - 255 v + unit), so the signed comparison with a
+// threshold below 4336 is the scalar one.
 template <class Fmt, bool Dither>
 struct VecFields {
     VU16 tRB = hn::Zero(DU16()), tG = hn::Zero(DU16());
@@ -49,7 +50,7 @@ struct VecFields {
         } else {
             constexpr int kMax = (1 << Bits) - 1;
             const VU16 v256 = hn::ShiftLeft<8>(v);
-            const VU16 q = hn::MulHigh(v256, hn::Set(du, kMax));  // (max v) >> 8
+            const VU16 q = hn::MulHigh(v256, hn::Set(du, kMax));
             // v256 + q (-unit): a multiplier that the compiler keeps as one
             // multiplication instead of shifts and adds.
             const VU16 rem = hn::Add(v256, hn::Mul(q, hn::Set(du, static_cast<std::uint16_t>(-(256 * 255 / kMax)))));
