@@ -9,6 +9,8 @@
 #include "video/decode_kernels.h"
 #include "video/decode_source-inl.h"
 
+#include <type_traits>
+
 HWY_BEFORE_NAMESPACE();
 namespace zor {
 namespace HWY_NAMESPACE {
@@ -17,19 +19,49 @@ namespace hn = hwy::HWY_NAMESPACE;
 // The scalar target of Highway keeps the scalar kernels (found in zor::).
 #if HWY_TARGET != HWY_SCALAR
 
+template <class S>
+inline constexpr bool kPairs = false;
+template <class Order>
+inline constexpr bool kPairs<Packed422<Order>> = true;
+template <>
+inline constexpr bool kPairs<Shared<2>> = true;
+
+// Pixel pairs to B, G, R and a fill byte: each pixel is built as two 16-bit
+// halves (B | G << 8, R | fill << 8), and the per-block interleaves of the
+// halves give the pixels in order because the pairs are read in block order.
+template <const Decoder& K, class S>
+HWY_INLINE void pairsToBgra(RowOf<S, const Zor8u> s, RowC<Zor8u, 4> d, std::size_t i, hn::Vec<DU16> fill) {
+    const D16 d16;
+    const DU16 du;
+    V16 r[2], g[2], b[2];
+    VecDecoded<DecodeSet<K>, S>::template at<true>(s, i, r, g, b);
+    const auto clamp = [&](V16 v) { return hn::BitCast(du, hn::Min(hn::Max(v, hn::Zero(d16)), hn::Set(d16, 255))); };
+    for (std::size_t h = 0; h < 2; ++h) {
+        const auto bg = hn::Or(clamp(b[h]), hn::ShiftLeft<8>(clamp(g[h]))), ra = hn::Or(clamp(r[h]), fill);
+        Zor8u* out = d.p + 4 * (i + h * hn::Lanes(d16));
+        hn::StoreU(hn::BitCast(D8(), hn::InterleaveLower(du, bg, ra)), D8(), out);
+        hn::StoreU(hn::BitCast(D8(), hn::InterleaveUpper(du, bg, ra)), D8(), out + hn::Lanes(D8()));
+    }
+}
+
 template <const Decoder& K, class S, class D, class... Fill>
 void decodeShared(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fill) {
     const D8 d8;
     const int n = static_cast<int>(hn::Lanes(d8));
-    V8 alpha = hn::Zero(d8);
-    ((alpha = hn::Set(d8, fill)), ...);
     const int limit = VecSource<S>::limit(width);
     int i = 0;
-    for (; i + n <= limit; i += n) {
-        V16 r[2], g[2], b[2];
-        VecDecoded<DecodeSet<K>, S>::at(s, static_cast<std::size_t>(i), r, g, b);
-        VecPix<D>::store(d8, d, static_cast<std::size_t>(i), to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]),
-                         alpha);
+    if constexpr (std::is_same_v<D, PixBgrC4> && kPairs<S>) {
+        const hn::Vec<DU16> high = hn::Set(DU16(), static_cast<std::uint16_t>((0 + ... + fill) << 8));
+        for (; i + n <= limit; i += n) pairsToBgra<K, S>(s, d, static_cast<std::size_t>(i), high);
+    } else {
+        V8 alpha = hn::Zero(d8);
+        ((alpha = hn::Set(d8, fill)), ...);
+        for (; i + n <= limit; i += n) {
+            V16 r[2], g[2], b[2];
+            VecDecoded<DecodeSet<K>, S>::at(s, static_cast<std::size_t>(i), r, g, b);
+            VecPix<D>::store(d8, d, static_cast<std::size_t>(i), to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]),
+                             alpha);
+        }
     }
     ::zor::decodeShared<K, S, D>(S::advance(s, i), D::advance(d, i), width - i, fill...);
 }

@@ -29,24 +29,28 @@ using DU16 = hn::Repartition<std::uint16_t, D8>;
 using DU32 = hn::Repartition<std::uint32_t, D8>;
 using DU64 = hn::Repartition<std::uint64_t, D8>;
 
-// Chunks of four 16-bit lanes reordered so that InterleaveLower and
-// InterleaveUpper of the result with itself (which work per 128-bit block)
-// give every lane of v twice, in order: chunk p of the result is chunk p / 2
-// of v for even p and chunk n / 2 + p / 2 for odd p (n chunks).
+// Chunks of 64 bits reordered so that the per-block InterleaveLower and
+// InterleaveUpper (which work per 128-bit block) take lanes in order: chunk p
+// of the result is chunk p / 2 of v for even p and chunk n / 2 + p / 2 for
+// odd p (n chunks). Then the interleaves of a vector of 16-bit lanes with
+// itself give every lane twice, in order; and those of two vectors give the
+// first half, then the second half, of their lanes paired.
 template <std::size_t N>
-constexpr std::array<std::uint64_t, N> doublingOrder() {
+constexpr std::array<std::uint64_t, N> blockOrder() {
     std::array<std::uint64_t, N> idx{};
     for (std::size_t p = 0; p < N; ++p) idx[p] = (p % 2) * (N / 2) + p / 2;
     return idx;
 }
-HWY_INLINE V16 forDoubling(V16 v) {
+template <class V>
+HWY_INLINE V byBlocks(V v) {
     constexpr std::size_t n = hn::MaxLanes(DU64());
     if constexpr (n <= 2) {
         return v;
     } else {
-        static constexpr std::array<std::uint64_t, n> kOrder = doublingOrder<n>();
+        static constexpr std::array<std::uint64_t, n> kOrder = blockOrder<n>();
         const DU64 d64;
-        return hn::BitCast(D16(), hn::TableLookupLanes(hn::BitCast(d64, v), hn::SetTableIndices(d64, kOrder.data())));
+        const hn::DFromV<V> d;
+        return hn::BitCast(d, hn::TableLookupLanes(hn::BitCast(d64, v), hn::SetTableIndices(d64, kOrder.data())));
     }
 }
 
@@ -157,9 +161,12 @@ struct VecPairs;
 template <class Order>
 struct VecPairs<Packed422<Order>> {
     static_assert(Order::kY1 == Order::kY0 + 2 && Order::kCr == Order::kCb + 2, "pair layout");
+    template <bool Blocked>
     static HWY_INLINE void load(RowC<const std::uint8_t, 2> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
         const DU32 du;
-        const auto x = hn::BitCast(du, hn::LoadU(D8(), r.p + 2 * i + h * hn::Lanes(D8())));
+        V8 bytes = hn::LoadU(D8(), r.p + 2 * i + h * hn::Lanes(D8()));
+        if constexpr (Blocked) bytes = byBlocks(bytes);
+        const auto x = hn::BitCast(du, bytes);
         const auto low = hn::Set(du, 0x00FF00FFu);
         yy = hn::BitCast(D32(), hn::And(hn::ShiftRight<8 * Order::kY0>(x), low));
         cc = hn::BitCast(D32(), hn::And(hn::ShiftRight<8 * Order::kCb>(x), low));
@@ -168,6 +175,7 @@ struct VecPairs<Packed422<Order>> {
 
 template <>
 struct VecPairs<Shared<2>> {
+    template <bool Blocked>
     static HWY_INLINE void load(Row3<const std::uint8_t, 2> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
         const DU32 du;
         const hn::Rebind<std::uint8_t, DU32> quarter;
@@ -176,13 +184,16 @@ struct VecPairs<Shared<2>> {
         const auto cb = hn::PromoteTo(du, hn::LoadU(quarter, r.p[1] + at / 2));
         const auto cr = hn::PromoteTo(du, hn::LoadU(quarter, r.p[2] + at / 2));
         cc = hn::BitCast(D32(), hn::Or(cb, hn::ShiftLeft<16>(cr)));
+        if constexpr (Blocked) yy = byBlocks(yy), cc = byBlocks(cc);
     }
 };
 
 // Four pixels per chroma sample: each sample serves two pair lanes.
 template <>
 struct VecPairs<Shared<4>> {
+    template <bool Blocked>
     static HWY_INLINE void load(Row3<const std::uint8_t, 4> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
+        static_assert(!Blocked, "pixels in order");
         const hn::Rebind<std::uint8_t, DU64> eighth;
         const hn::Rebind<std::uint32_t, DU64> d32;
         const std::size_t at = i + h * hn::Lanes(D16());
@@ -199,7 +210,7 @@ struct VecPairs<Shared<4>> {
 // (coefficients split as in DecoderSplit; the whole parts are 0, 1, 2 or
 // -1). The result of the even pixel is the low half of its sum shifted
 // logically by 16, the odd pixel's the high half of its sum: together the
-// pair's two 16-bit lanes in pixel order.
+// pair's two 16-bit lanes in pixel order (one blend).
 template <std::int32_t A>
 HWY_INLINE V32 times(V32 x) {
     if constexpr (A == 0) return hn::Zero(D32());
@@ -217,17 +228,18 @@ struct VecPairDecoded {
     static_assert(Split::y.a == 1, "luma coefficient split");
 
     static HWY_INLINE V16 channel(V32 even, V32 odd, V32 chroma) {
-        const DU32 du;
-        const auto lo = hn::ShiftRight<16>(hn::BitCast(du, hn::Add(even, chroma)));
-        const auto hi = hn::And(hn::BitCast(du, hn::Add(odd, chroma)), hn::Set(du, 0xFFFF0000u));
-        return hn::BitCast(D16(), hn::Or(lo, hi));
+        const V16 high = hn::BitCast(D16(), hn::Add(odd, chroma));
+        const V16 low = hn::BitCast(D16(), hn::ShiftRight<16>(hn::BitCast(DU32(), hn::Add(even, chroma))));
+        return hn::OddEven(high, low);
     }
+    // Blocked: the pairs in the chunk order of byBlocks.
+    template <bool Blocked = false>
     static HWY_INLINE void at(RowOf<S, const std::uint8_t> row, std::size_t i, V16 r[2], V16 g[2], V16 b[2]) {
         const D32 d;
         const V32 high = hn::Set(d, static_cast<std::int32_t>(0xFFFF0000u));
         for (std::size_t h = 0; h < 2; ++h) {
             V32 yy, cc;
-            VecPairs<S>::load(row, i, h, yy, cc);
+            VecPairs<S>::template load<Blocked>(row, i, h, yy, cc);
             const V16 yy16 = hn::BitCast(D16(), yy), cc16 = hn::BitCast(D16(), cc);
             const V32 even = hn::Add(dot(yy16, pair(Split::y.b, 0)), hn::ShiftLeft<16>(yy));
             const V32 odd = hn::Add(dot(yy16, pair(0, Split::y.b)), hn::And(yy, high));
@@ -256,7 +268,7 @@ struct VecDecoded<DecodeFine, Shared<2>> {
         const D16 d;
         const hn::Rebind<std::uint8_t, D16> half;
         const auto centred = [&](const std::uint8_t* p) {
-            return forDoubling(hn::ShiftLeft<7>(hn::Sub(hn::PromoteTo(d, hn::LoadU(half, p + i / 2)), hn::Set(d, 128))));
+            return byBlocks(hn::ShiftLeft<7>(hn::Sub(hn::PromoteTo(d, hn::LoadU(half, p + i / 2)), hn::Set(d, 128))));
         };
         const V16 cb = centred(r.p[1]), cr = centred(r.p[2]);
         const V16 tR = hn::MulHigh(cr, hn::Set(d, 13074)), tB = hn::MulHigh(cb, hn::Set(d, 16523));
