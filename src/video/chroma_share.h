@@ -14,6 +14,16 @@
 #include "video/pixels.h"
 #include "video/ycbcr.h"
 
+// The scalar kernels are the reference and the fallback of the vector ones.
+// The compiler's own vectorisation of their interleaved byte accesses, and
+// its splitting of a loop into one loop per store stream, are slower than
+// the plain loops, so both are left off for them.
+#if defined(__GNUC__) && !defined(__clang__)
+#define ZOR_PLAIN_LOOP __attribute__((optimize("no-tree-vectorize", "no-tree-loop-distribution")))
+#else
+#define ZOR_PLAIN_LOOP
+#endif
+
 namespace zor {
 
 template <class L>
@@ -71,13 +81,24 @@ struct Shared {
     static constexpr int kGroup = H;
     template <class Pixel>
     static void forEach(Row<const Zor8u> r, int width, Pixel&& pixel) {
-        for (int x = 0; x < width; ++x) pixel(x, r.p[0][x], r.p[1][x / H], r.p[2][x / H]);
+        const int groups = width / H;
+        for (int g = 0; g < groups; ++g) {
+            const int cb = r.p[1][g], cr = r.p[2][g];
+            for (int j = 0; j < H; ++j) pixel(g * H + j, r.p[0][g * H + j], cb, cr);
+        }
+        for (int x = groups * H; x < width; ++x) pixel(x, r.p[0][x], r.p[1][groups], r.p[2][groups]);
     }
     template <class T>
     static Row<T> advance(Row<T> r, std::ptrdiff_t n) {
         return {{r.p[0] + n, r.p[1] + n / H, r.p[2] + n / H}};
     }
 };
+
+// The decoders' byte saturation: the 1000-entry table of the video family
+// (entry i holds i - 370 clamped to 0..255); every intermediate of the
+// decoders lies in -370..629. A table read is the cheapest clamp in the
+// scalar kernels; the bytes are those of clampByte.
+inline Zor8u saturate(std::int32_t v) { return ByteSaturation<370, 629>::at(v); }
 
 // Decoders as types: a 16.16 constant set, or the decoder with four extra
 // fraction bits. decode gives the unclamped R, G, B of one pixel.

@@ -13,17 +13,17 @@ namespace zor {
 // constant set K; a layout that fills a fourth byte takes the value after
 // the width.
 template <const Decoder& K, class S, class D, class... Fill>
-void decodeShared(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fill) {
+ZOR_PLAIN_LOOP void decodeShared(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fill) {
     S::forEach(s, width, [&](int x, int y, int cb, int cr) {
         const Rgb32 c = decode(K, y, cb, cr);
-        D::put(d, static_cast<std::ptrdiff_t>(x), clampByte(c.r), clampByte(c.g), clampByte(c.b), fill...);
+        D::put(d, static_cast<std::ptrdiff_t>(x), saturate(c.r), saturate(c.g), saturate(c.b), fill...);
     });
 }
 
 // The chroma half-way between rows 1 and 2 of four: (-r0 + 9 r1 + 9 r2 - r3
 // + 8) >> 4, clamped to 0..255.
 template <class T>
-void halfwayRow(RowC<const T, 1> r0, RowC<const T, 1> r1, RowC<const T, 1> r2, RowC<const T, 1> r3, RowC<T, 1> out,
+ZOR_PLAIN_LOOP void halfwayRow(RowC<const T, 1> r0, RowC<const T, 1> r1, RowC<const T, 1> r2, RowC<const T, 1> r3, RowC<T, 1> out,
                 int width) {
     for (int k = 0; k < width; ++k)
         out.p[k] = clampByte(asr(9 * (r1.p[k] + r2.p[k]) - (r0.p[k] + r3.p[k]) + 8, 4));

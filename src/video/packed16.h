@@ -66,11 +66,11 @@ inline int quantise(int v, std::int32_t threshold) {
 // Source S (video/chroma_share.h) decoded with Dec into words of format Fmt;
 // the dithered kernels take the row index inside the region after the width.
 template <class Dec, class S, class Fmt, class... Phase>
-void toPacked16(RowOf<S, const Zor8u> s, RowC<Zor16u, 1> d, int width, Phase... y) {
+ZOR_PLAIN_LOOP void toPacked16(RowOf<S, const Zor8u> s, RowC<Zor16u, 1> d, int width, Phase... y) {
     static_assert(sizeof...(Phase) <= 1, "one row index");
     S::forEach(s, width, [&](int x, int yv, int cb, int cr) {
         const Rgb32 c = Dec::decode(yv, cb, cr);
-        const int r = clampByte(c.r), g = clampByte(c.g), b = clampByte(c.b);
+        const int r = saturate(c.r), g = saturate(c.g), b = saturate(c.b);
         const int qr = quantise<Fmt::kRBBits>(r, ditherThreshold<Fmt::kRBBits>(y, x)...);
         const int qg = quantise<Fmt::kGBits>(g, ditherThreshold<Fmt::kGBits>(y, x)...);
         const int qb = quantise<Fmt::kRBBits>(b, ditherThreshold<Fmt::kRBBits>(y, x)...);
