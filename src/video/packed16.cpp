@@ -31,6 +31,7 @@ using Groups411 = Rows<Serial, Packed16K<M>, WholeGroups<4, 1, true>>;
 
 using namespace zor;
 
+// 4:4:4 interleaved
 ZOR_EXPORT(zoriYCbCrToRGB565_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3RGB565>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToRGB565Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3RGB565Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToBGR565_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3BGR565>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
@@ -43,6 +44,8 @@ ZOR_EXPORT(zoriYCbCrToRGB444_8u16u_C3R, (StandardChecks), (Fused<1, &K::c3RGB444
 ZOR_EXPORT(zoriYCbCrToRGB444Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3RGB444Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToBGR444_8u16u_C3R, (StandardChecks), (Fused<2, &K::c3BGR444>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToBGR444Dither_8u16u_C3R, (StandardChecks), (Dithered<&K::c3BGR444Dither>), IN_C(Zor8u, 3), OUT_WORDS, ROI)
+
+// 4:4:4 planar, one step
 ZOR_EXPORT(zoriYCbCrToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3RGB565>), IN_P3(Zor8u), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3RGB565Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3BGR565>), IN_P3(Zor8u), OUT_WORDS, ROI)
@@ -55,6 +58,8 @@ ZOR_EXPORT(zoriYCbCrToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3RGB44
 ZOR_EXPORT(zoriYCbCrToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3RGB444Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::p3BGR444>), IN_P3(Zor8u), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCrToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::p3BGR444Dither>), IN_P3(Zor8u), OUT_WORDS, ROI)
+
+// 4:2:2 packed Y0 Cb Y1 Cr
 ZOR_EXPORT(zoriYCbCr422ToRGB565_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2RGB565>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToRGB565Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2RGB565Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToBGR565_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2BGR565>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
@@ -67,6 +72,8 @@ ZOR_EXPORT(zoriYCbCr422ToRGB444_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2R
 ZOR_EXPORT(zoriYCbCr422ToRGB444Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2RGB444Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToBGR444_8u16u_C2C3R, (StandardChecks), (Fused<2, &K::c2BGR444>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToBGR444Dither_8u16u_C2C3R, (StandardChecks), (Dithered<&K::c2BGR444Dither>), IN_C(Zor8u, 2), OUT_WORDS, ROI)
+
+// 4:2:2 planar
 ZOR_EXPORT(zoriYCbCr422ToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB565>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB565Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR565>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
@@ -79,6 +86,8 @@ ZOR_EXPORT(zoriYCbCr422ToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subR
 ZOR_EXPORT(zoriYCbCr422ToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB444Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR444>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr422ToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR444Dither>), IN_P3S(Zor8u, 0, 2), OUT_WORDS, ROI)
+
+// 4:2:0 planar
 ZOR_EXPORT(zoriYCbCr420ToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr420ToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB565Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr420ToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
@@ -91,6 +100,8 @@ ZOR_EXPORT(zoriYCbCr420ToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subR
 ZOR_EXPORT(zoriYCbCr420ToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr420ToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR444>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr420ToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+
+// YUV 4:2:0 planar: decoded exactly like the YCbCr 4:2:0 members
 ZOR_EXPORT(zoriYUV420ToRGB565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYUV420ToRGB565Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB565Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYUV420ToBGR565_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR565>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
@@ -103,5 +114,7 @@ ZOR_EXPORT(zoriYUV420ToRGB444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subRGB
 ZOR_EXPORT(zoriYUV420ToRGB444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subRGB444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYUV420ToBGR444_8u16u_P3C3R, (StandardChecks), (Rowwise<&K::subBGR444>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYUV420ToBGR444Dither_8u16u_P3C3R, (StandardChecks), (Dithered<&K::subBGR444Dither>), IN_P3S(Zor8u, 1, 2), OUT_WORDS, ROI)
+
+// 4:1:1 planar
 ZOR_EXPORT(zoriYCbCr411ToBGR565_8u16u_P3C3R, (StandardChecks), (Groups411<&K::p411BGR565>), IN_P3S(Zor8u, 0, 4), OUT_WORDS, ROI)
 ZOR_EXPORT(zoriYCbCr411ToBGR555_8u16u_P3C3R, (StandardChecks), (Groups411<&K::p411BGR555>), IN_P3S(Zor8u, 0, 4), OUT_WORDS, ROI)

@@ -8,6 +8,7 @@
 #include "video/chroma_share.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace zor {
 
@@ -74,7 +75,8 @@ ZOR_PLAIN_LOOP void toPacked16(RowOf<S, const Zor8u> s, RowC<Zor16u, 1> d, int w
         const int qr = quantise<Fmt::kRBBits>(r, ditherThreshold<Fmt::kRBBits>(y, x)...);
         const int qg = quantise<Fmt::kGBits>(g, ditherThreshold<Fmt::kGBits>(y, x)...);
         const int qb = quantise<Fmt::kRBBits>(b, ditherThreshold<Fmt::kRBBits>(y, x)...);
-        d.p[x] = static_cast<Zor16u>((qr << Fmt::kRShift) | (qg << Fmt::kGShift) | (qb << Fmt::kBShift));
+        const Zor16u word = static_cast<Zor16u>((qr << Fmt::kRShift) | (qg << Fmt::kGShift) | (qb << Fmt::kBShift));
+        std::memcpy(d.p + x, &word, sizeof word);  // rows of words at any byte address
     });
 }
 
