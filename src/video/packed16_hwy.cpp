@@ -35,33 +35,39 @@ HWY_INLINE VU16 thresholds(int y) {
 // in 0..4607 (q <= max v / 256 makes it non-negative; q > max v / 256 - 1
 // bounds it by 256 v - 255 v + unit), so the signed comparison with a
 // threshold below 4336 is the scalar one.
+// The multipliers 256 * 255 / max (2105, 1036, 4352), read once per row from
+// memory the compiler may not assume constant: with them in view it turns
+// the multiplications into longer chains of shifts and adds.
+template <int Bits>
+inline volatile std::uint16_t kUnit = 256 * 255 / ((1 << Bits) - 1);
+
 template <class Fmt, bool Dither>
 struct VecFields {
-    VU16 tRB = hn::Zero(DU16()), tG = hn::Zero(DU16());
+    VU16 tRB = hn::Zero(DU16()), tG = hn::Zero(DU16()), uRB = tRB, uG = tG;
     explicit VecFields(int y) {
-        if constexpr (Dither) tRB = thresholds<Fmt::kRBBits>(y), tG = thresholds<Fmt::kGBits>(y);
+        if constexpr (Dither) {
+            tRB = thresholds<Fmt::kRBBits>(y), tG = thresholds<Fmt::kGBits>(y);
+            uRB = hn::Set(DU16(), kUnit<Fmt::kRBBits>), uG = hn::Set(DU16(), kUnit<Fmt::kGBits>);
+        }
     }
     template <int Bits>
-    static HWY_INLINE VU16 field(V16 c, VU16 t) {
+    static HWY_INLINE VU16 field(V16 c, VU16 t, VU16 unit) {
         const DU16 du;
         const VU16 v = hn::BitCast(du, hn::Min(hn::Max(c, hn::Zero(D16())), hn::Set(D16(), 255)));
         if constexpr (!Dither) {
             return hn::ShiftRight<8 - Bits>(v);
         } else {
-            constexpr int kMax = (1 << Bits) - 1;
             const VU16 v256 = hn::ShiftLeft<8>(v);
-            const VU16 q = hn::MulHigh(v256, hn::Set(du, kMax));
-            // v256 + q (-unit): a multiplier that the compiler keeps as one
-            // multiplication instead of shifts and adds.
-            const VU16 rem = hn::Add(v256, hn::Mul(q, hn::Set(du, static_cast<std::uint16_t>(-(256 * 255 / kMax)))));
+            const VU16 q = hn::MulHigh(v256, hn::Set(du, (1 << Bits) - 1));
+            const VU16 rem = hn::Sub(v256, hn::Mul(q, unit));
             const auto above = hn::RebindMask(du, hn::Gt(hn::BitCast(D16(), rem), hn::BitCast(D16(), t)));
             return hn::IfThenElse(above, hn::Add(q, hn::Set(du, 1)), q);
         }
     }
     HWY_INLINE VU16 pack(V16 r, V16 g, V16 b) const {
-        return hn::Or(hn::Or(hn::ShiftLeft<Fmt::kRShift>(field<Fmt::kRBBits>(r, tRB)),
-                             hn::ShiftLeft<Fmt::kGShift>(field<Fmt::kGBits>(g, tG))),
-                      hn::ShiftLeft<Fmt::kBShift>(field<Fmt::kRBBits>(b, tRB)));
+        return hn::Or(hn::Or(hn::ShiftLeft<Fmt::kRShift>(field<Fmt::kRBBits>(r, tRB, uRB)),
+                             hn::ShiftLeft<Fmt::kGShift>(field<Fmt::kGBits>(g, tG, uG))),
+                      hn::ShiftLeft<Fmt::kBShift>(field<Fmt::kRBBits>(b, tRB, uRB)));
     }
 };
 
