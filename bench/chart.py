@@ -145,7 +145,7 @@ def markdown(cases, functions, series, rows, args):
 
     out = ["# Video conversions side by side", ""]
     out.append(f"Measured {date} on {model} ({count} logical processors, shared), commit {args.commit}. "
-               f"1920x1080 frames, one thread, CPU time of the calling thread, median of the timed runs "
+               f"1920x1080 frames, one thread, CPU time of the calling thread, median of {args.runs} timed runs "
                f"after a warm-up" + (f"; peers: {peers}." if peers else "."))
     out.append("")
     out.append("Each cell: zorcc ms / times a memcpy of the same traffic ((bytes read + bytes written) / 2, "
@@ -204,6 +204,7 @@ def main():
     p.add_argument("--notes", help="program output with the note: and peers: lines")
     p.add_argument("--commit", default="unknown", help="commit measured")
     p.add_argument("--before", default="the earlier commit", help="commit of the before series")
+    p.add_argument("--runs", default="the", help="timed runs per case")
     args = p.parse_args()
     cases, functions, series, rows = load(args.csv)
     chart(cases, series, rows, args.png)

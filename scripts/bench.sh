@@ -94,5 +94,5 @@ git diff --quiet HEAD -- src include CMakeLists.txt || commit="$commit (with loc
 py=python3
 python3 -c 'import matplotlib' 2>/dev/null || py=/usr/bin/python3
 "$py" bench/chart.py --csv "$out/bench.csv" --png "$out/bench.png" --md "$out/bench.md" \
-    --notes "$tmp/${series[-1]}.txt" --commit "$commit" --before "$before"
+    --notes "$tmp/${series[-1]}.txt" --commit "$commit" --before "$before" --runs "$runs"
 echo "== wrote $out/bench.csv, $out/bench.png, $out/bench.md in $((SECONDS - start)) s"
