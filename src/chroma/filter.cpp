@@ -53,16 +53,31 @@ struct Deinterlace {
         const auto d = std::get<1>(images).view();
         const auto luma = ScalarKernel<&deinterlaceLuma<LumaBias, S, D>>::resolve();
         const auto chroma = ScalarKernel<&deinterlaceChroma<ChromaBias, S, D>>::resolve();
+        const auto packed = [] {
+            if constexpr (D::kPacked) return ScalarKernel<&deinterlacePacked<LumaBias, ChromaBias, S, D>>::resolve();
+            else return nullptr;
+        }();
         const int width = roi.width & ~1, h = roi.height & ~1, first = top ? 0 : -1;
         const int lumaEnd = bottom ? h : h - 1, chromaEnd = bottom ? h / 2 : h / 2 - 1;
-        forRows<Serial>(lumaEnd - first, [&](int i) {
-            const int y = first + i;
+        // Destination row y of row pair j: its luma where y is in range, the
+        // chroma of row j where j is (a packed row holds it in every row, a
+        // 4:2:0 plane once per pair).
+        const auto convert = [&](int y, int j) {
+            const bool hasLuma = y >= first && y < lumaEnd, hasChroma = j < chromaEnd && (D::kPacked || y % 2 == 0);
             const int above = top && y == 0 ? y : y - 1, below = bottom && y == h - 1 ? y : y + 1;
-            luma(s.row(above), s.row(y), s.row(below), d.row(y), width);
-        });
-        forRows<Serial>(chromaEnd - first, [&](int i) {
-            const int j = first + i, below = bottom && j == h / 2 - 1 ? j : j + 1;
-            chroma(s.row(2 * j), s.row(2 * below), d.row(2 * j), d.row(2 * j + 1), width);
+            const int chromaBelow = bottom && j == h / 2 - 1 ? j : j + 1;
+            if constexpr (D::kPacked) {
+                if (hasLuma && hasChroma) {
+                    packed(s.row(above), s.row(y), s.row(below), s.row(2 * chromaBelow), d.row(y), width);
+                    return;
+                }
+            }
+            if (hasLuma) luma(s.row(above), s.row(y), s.row(below), d.row(y), width);
+            if (hasChroma) chroma(s.row(2 * j), s.row(2 * chromaBelow), d.row(y), width);
+        };
+        forRows<Serial>(h / 2 - first, [&](int i) {
+            convert(2 * (first + i), first + i);
+            convert(2 * (first + i) + 1, first + i);
         });
         return zorStsOk;
     }
@@ -77,7 +92,6 @@ using InterleavedChecks = Checks<check::Null<kOuter>, check::Size<>, check::Null
 
 using namespace zor;
 
-// clang-format off
 ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P3R, (LayoutChecks<2, 8>), (Interpolate<Planar420, Planar422>), SRC_P3_420, DST_P3_422, ROI)
 ZOR_EXPORT(zoriYCrCb420ToYCbCr422_Filter_8u_P3R, (LayoutChecks<2, 8>), (Interpolate<PlanarCr420, Planar422>), SRC_P3_420, DST_P3_422, ROI)
 ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R, (LayoutChecks<2, 8>), (Interpolate<Semi420, Planar422>), SRC_P2_420, DST_P3_422, ROI)
@@ -85,4 +99,3 @@ ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R, (LayoutChecks<2, 8>), (Interp
 // 2 raise its results by one against the exact means.
 ZOR_EXPORT(zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R, (InterleavedChecks), (Deinterlace<0, 0, Semi420, PlanarCr420>), SRC_P2_420, DST_P3_420, ROI, ARG(unsigned int, layout))
 ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R, (LayoutChecks<2, 2>), (Deinterlace<4, 2, Semi420, PackedYCbCr>), SRC_P2_420, DST_C2, ROI, ARG(unsigned int, layout))
-// clang-format on

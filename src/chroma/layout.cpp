@@ -11,11 +11,14 @@
 namespace zor {
 namespace {
 
+// Rows stand alone. Contiguous images go to a packed destination as one long
+// row (one pass over it); the other kernels make a pass per plane and keep to
+// rows, which stay in the cache between the passes (Fuse<0>: never fused).
 template <class S, class D, bool Pair = (S::kV || D::kV)>
 struct MoveRows {
-    // Rows stand alone, so contiguous images go as one long row.
     static constexpr int kGroup = std::max(S::kH, D::kH);
-    using type = Rows<Serial, ScalarKernel<&moveRow<S, D>>, WholeGroups<kGroup, 1, false>, Fuse<kGroup>>;
+    using type =
+        Rows<Serial, ScalarKernel<&moveRow<S, D>>, WholeGroups<kGroup, 1, false>, Fuse<D::kPacked ? kGroup : 0>>;
 };
 template <class S, class D>
 struct MoveRows<S, D, true> {
@@ -46,7 +49,6 @@ using SourcePlanesFirst = Checks<SourcePlanes, check::Null<kOuter | kPlanes>, ch
 using namespace zor;
 
 
-// clang-format off
 ZOR_EXPORT(zoriYCbCr422_8u_P3C2R, (Min2x1), (Move<Planar422, PackedYCbCr>), SRC_P3_422, DST_C2, ROI)
 ZOR_EXPORT(zoriYCbCr422_8u_C2P3R, (Min2x1), (Move<PackedYCbCr, Planar422>), SRC_C2, DST_P3_422, ROI)
 ZOR_EXPORT(zoriYCrCb422ToYCbCr422_8u_C2P3R, (NoMinHeight), (Move<PackedYCrCb, Planar422>), SRC_C2, DST_P3_422, ROI)
@@ -96,4 +98,3 @@ ZOR_EXPORT(zoriYCbCr411ToYCbCr420_8u_P3R, (Min4x2), (Move<Planar411, Planar420>)
 ZOR_EXPORT(zoriYCbCr411ToYCbCr420_8u_P3P2R, (Min4x2), (Move<Planar411, Semi420>), SRC_P3_411, DST_P2_420, ROI)
 ZOR_EXPORT(zoriYCbCr411ToYCbCr420_8u_P2P3R, (Min4x2), (Move<Semi411, Planar420>), SRC_P2_411, DST_P3_420, ROI)
 ZOR_EXPORT(zoriYCbCr411ToYCrCb420_8u_P2P3R, (Min4x2), (Move<Semi411, PlanarCr420>), SRC_P2_411, DST_P3_420, ROI)
-// clang-format on

@@ -32,6 +32,7 @@ struct OrderYCrCb {
 template <int V, int H, bool CrFirst = false>
 struct PlanarSide {
     static constexpr int kV = V, kH = H, kLumaStride = 1, kChromaStride = 1;
+    static constexpr bool kPacked = false;
     template <class T>
     using Image = P3<T, Steps::Three, V, H>;
     template <class T>
@@ -45,6 +46,7 @@ struct PlanarSide {
 template <int V, int H>
 struct SemiPlanarSide {
     static constexpr int kV = V, kH = H, kLumaStride = 1, kChromaStride = 2;
+    static constexpr bool kPacked = false;
     template <class T>
     using Image = P2<T, V, H>;
     template <class T>
@@ -59,6 +61,8 @@ template <class Order>
 struct PackedSide {
     static_assert(Order::kY1 == Order::kY0 + 2, "the two luma bytes of a pair lie 2 bytes apart");
     static constexpr int kV = 0, kH = 2, kLumaStride = 2, kChromaStride = 4;
+    static constexpr bool kPacked = true;
+    static constexpr int kY0 = Order::kY0, kCb = Order::kCb, kCr = Order::kCr;
     template <class T>
     using Image = C<T, 2>;
     template <class T>
@@ -115,8 +119,8 @@ using NoMinHeight411 = LayoutChecks<4, check::kAnyHeight>;
 struct SourcePlanes {
     template <class S, class... A>
     static ZorStatus test(ZoriSize, const S& src, const A&...) {
-        const bool none = src.planes[0] == nullptr || src.planes[1] == nullptr || src.planes[2] == nullptr;
-        return none ? zorStsNullPtr : zorStsOk;
+        const bool missing = src.planes[0] == nullptr || src.planes[1] == nullptr || src.planes[2] == nullptr;
+        return missing ? zorStsNullPtr : zorStsOk;
     }
 };
 
@@ -137,26 +141,53 @@ inline void moveSamples(const Zor8u* src, Zor8u* dst, int n) {
     }
 }
 
-// Fills the n chroma pairs of a destination row: pair k takes source pair
-// k * D::kH / S::kH + phase (4:2:2 -> 4:1:1 keeps the first of each two,
-// 4:1:1 -> 4:2:2 writes every pair twice).
+// The n chroma pairs of a destination row from source pairs phase, phase +
+// Step, ..., each written Rep times (4:2:2 -> 4:1:1 keeps the first of each
+// two, 4:1:1 -> 4:2:2 writes every pair twice). Cb and Cr go in one loop, so
+// that an interleaved destination is written in whole groups.
 template <class S, class D>
 inline void moveChroma(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int n, int phase = 0) {
     constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
-    const Zor8u *cb = S::cb(s), *cr = S::cr(s);
+    constexpr int Step = D::kH > S::kH ? D::kH / S::kH : 1, Rep = S::kH > D::kH ? S::kH / D::kH : 1;
+    const Zor8u *cb = S::cb(s) + phase * SC, *cr = S::cr(s) + phase * SC;
     Zor8u *ob = D::cb(d), *orr = D::cr(d);
-    for (int k = 0; k < n; ++k) {
-        const int i = (k * D::kH / S::kH + phase) * SC;
-        ob[k * DC] = cb[i];
-        orr[k * DC] = cr[i];
+    for (int k = 0; k < n / Rep; ++k) {
+        const Zor8u b = cb[Step * k * SC], r = cr[Step * k * SC];
+        for (int i = 0; i < Rep; ++i) {
+            ob[(Rep * k + i) * DC] = b;
+            orr[(Rep * k + i) * DC] = r;
+        }
+    }
+}
+
+// A packed 4:2:2 row written in one pass: pixel pairs 2p and 2p+1 get their
+// luma and the chroma of their pair (4:1:1 chroma serves two pairs).
+template <class S, class D>
+inline void packRow(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int width) {
+    constexpr int SY = S::kLumaStride, SC = S::kChromaStride, Rep = S::kH / 2;
+    const Zor8u *y = S::luma(s), *cb = S::cb(s), *cr = S::cr(s);
+    for (int k = 0; k < width / S::kH; ++k) {
+        const Zor8u b = cb[k * SC], r = cr[k * SC];
+        for (int i = 0; i < Rep; ++i) {
+            const int p = Rep * k + i;
+            Zor8u* o = d.p + 4 * p;
+            o[D::kY0] = y[2 * p * SY];
+            o[D::kY0 + 2] = y[(2 * p + 1) * SY];
+            o[D::kCb] = b;
+            o[D::kCr] = r;
+        }
     }
 }
 
 // Rows that stand alone (neither side 4:2:0): luma copied, chroma moved.
 template <class S, class D>
 void moveRow(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int width) {
-    moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s), D::luma(d), width);
-    moveChroma<S, D>(s, d, width / D::kH);
+    if constexpr (D::kPacked) {
+        packRow<S, D>(s, d, width);
+    } else {
+        moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s), D::luma(d), width);
+        moveChroma<S, D>(s, d, width / D::kH);
+    }
 }
 
 // Row pairs (4:2:0 on a side): luma rows 2j and 2j+1 copied; a 4:2:0 source
@@ -166,6 +197,11 @@ void moveRow(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int width) {
 template <class S, class D>
 void movePair(RowIn<S, const Zor8u> s0, RowIn<S, const Zor8u> s1, RowIn<D, Zor8u> d0, RowIn<D, Zor8u> d1,
               int width) {
+    if constexpr (D::kPacked) {
+        packRow<S, D>(s0, d0, width);
+        packRow<S, D>(s1, d1, width);
+        return;
+    }
     moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s0), D::luma(d0), width);
     moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s1), D::luma(d1), width);
     const int n = width / D::kH;
@@ -177,16 +213,24 @@ void movePair(RowIn<S, const Zor8u> s0, RowIn<S, const Zor8u> s1, RowIn<D, Zor8u
         moveChroma<S, D>(s1, d1, n, 1);
     } else {
         constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
-        for (int k = 0; k < n; ++k) {
-            const auto& s = k % 2 == 0 ? s0 : s1;
-            D::cb(d0)[k * DC] = S::cb(s)[k / 2 * SC];
-            D::cr(d0)[k * DC] = S::cr(s)[k / 2 * SC];
+        const Zor8u *b0 = S::cb(s0), *r0 = S::cr(s0), *b1 = S::cb(s1), *r1 = S::cr(s1);
+        Zor8u *ob = D::cb(d0), *orr = D::cr(d0);
+        for (int k = 0; k < n / 2; ++k) {
+            ob[2 * k * DC] = b0[k * SC];
+            orr[2 * k * DC] = r0[k * SC];
+            ob[(2 * k + 1) * DC] = b1[k * SC];
+            orr[(2 * k + 1) * DC] = r1[k * SC];
         }
     }
 }
 
 // Four-tap interpolation half-way between rows b and c.
 inline Zor8u fourTap(int a, int b, int c, int d) { return clampByte(asr(9 * (b + c) - a - d + 8, 4)); }
+
+template <int SC, int DC>
+inline void fourTapSamples(const Zor8u* a, const Zor8u* b, const Zor8u* c, const Zor8u* d, Zor8u* o, int n) {
+    for (int k = 0; k < n; ++k) o[k * DC] = fourTap(a[k * SC], b[k * SC], c[k * SC], d[k * SC]);
+}
 
 // An odd 4:2:2 row between 4:2:0 chroma rows: luma copied from `cur`, chroma
 // interpolated from the rows up, cur, down and down2.
@@ -195,37 +239,52 @@ void interpolateRow(RowIn<S, const Zor8u> up, RowIn<S, const Zor8u> cur, RowIn<S
                     RowIn<S, const Zor8u> down2, RowIn<D, Zor8u> d, int width) {
     constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
     moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(cur), D::luma(d), width);
-    for (int k = 0; k < width / 2; ++k) {
-        const int i = k * SC;
-        D::cb(d)[k * DC] = fourTap(S::cb(up)[i], S::cb(cur)[i], S::cb(down)[i], S::cb(down2)[i]);
-        D::cr(d)[k * DC] = fourTap(S::cr(up)[i], S::cr(cur)[i], S::cr(down)[i], S::cr(down2)[i]);
-    }
+    fourTapSamples<SC, DC>(S::cb(up), S::cb(cur), S::cb(down), S::cb(down2), D::cb(d), width / 2);
+    fourTapSamples<SC, DC>(S::cr(up), S::cr(cur), S::cr(down), S::cr(down2), D::cr(d), width / 2);
 }
 
-// Deinterlacing: luma (above + 2 cur + below + Bias) >> 2, clamped to 255.
+// Deinterlacing taps: luma (above + 2 cur + below + Bias) >> 2 and chroma
+// (cur + below + Bias) >> 1, clamped to 255.
+template <int Bias>
+inline Zor8u lumaTap(int above, int cur, int below) { return clampByte((above + 2 * cur + below + Bias) >> 2); }
+template <int Bias>
+inline Zor8u chromaTap(int cur, int below) { return clampByte((cur + below + Bias) >> 1); }
+
+// The luma of one destination row from source rows above, cur and below.
 template <int Bias, class S, class D>
 void deinterlaceLuma(RowIn<S, const Zor8u> above, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below,
                      RowIn<D, Zor8u> d, int width) {
     const Zor8u *a = S::luma(above), *c = S::luma(cur), *b = S::luma(below);
     Zor8u* o = D::luma(d);
-    for (int i = 0; i < width; ++i) o[i * D::kLumaStride] = clampByte((a[i] + 2 * c[i] + b[i] + Bias) >> 2);
+    for (int i = 0; i < width; ++i) o[i * D::kLumaStride] = lumaTap<Bias>(a[i], c[i], b[i]);
 }
 
-// Deinterlacing: chroma (cur + below + Bias) >> 1, clamped to 255, into the
-// chroma of destination rows 2j and 2j+1 (once where they share it).
+template <int Bias, int SC, int DC>
+inline void chromaTaps(const Zor8u* cur, const Zor8u* below, Zor8u* o, int n) {
+    for (int k = 0; k < n; ++k) o[k * DC] = chromaTap<Bias>(cur[k * SC], below[k * SC]);
+}
+
+// The chroma of one destination row from the chroma of source rows cur and
+// below.
 template <int Bias, class S, class D>
-void deinterlaceChroma(RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below, RowIn<D, Zor8u> d0,
-                       RowIn<D, Zor8u> d1, int width) {
+void deinterlaceChroma(RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below, RowIn<D, Zor8u> d, int width) {
     constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
-    for (int k = 0; k < width / 2; ++k) {
-        const Zor8u b = clampByte((S::cb(cur)[k * SC] + S::cb(below)[k * SC] + Bias) >> 1);
-        const Zor8u r = clampByte((S::cr(cur)[k * SC] + S::cr(below)[k * SC] + Bias) >> 1);
-        D::cb(d0)[k * DC] = b;
-        D::cr(d0)[k * DC] = r;
-        if constexpr (D::kV == 0) {
-            D::cb(d1)[k * DC] = b;
-            D::cr(d1)[k * DC] = r;
-        }
+    chromaTaps<Bias, SC, DC>(S::cb(cur), S::cb(below), D::cb(d), width / 2);
+    chromaTaps<Bias, SC, DC>(S::cr(cur), S::cr(below), D::cr(d), width / 2);
+}
+
+// Both at once into a packed row, written in one pass.
+template <int LumaBias, int ChromaBias, class S, class D>
+void deinterlacePacked(RowIn<S, const Zor8u> above, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below,
+                       RowIn<S, const Zor8u> chromaBelow, RowIn<D, Zor8u> d, int width) {
+    constexpr int SC = S::kChromaStride;
+    const Zor8u *a = S::luma(above), *c = S::luma(cur), *b = S::luma(below);
+    for (int p = 0; p < width / 2; ++p) {
+        Zor8u* o = d.p + 4 * p;
+        o[D::kY0] = lumaTap<LumaBias>(a[2 * p], c[2 * p], b[2 * p]);
+        o[D::kY0 + 2] = lumaTap<LumaBias>(a[2 * p + 1], c[2 * p + 1], b[2 * p + 1]);
+        o[D::kCb] = chromaTap<ChromaBias>(S::cb(cur)[p * SC], S::cb(chromaBelow)[p * SC]);
+        o[D::kCr] = chromaTap<ChromaBias>(S::cr(cur)[p * SC], S::cr(chromaBelow)[p * SC]);
     }
 }
 
