@@ -102,11 +102,15 @@ TEST(RowDriver, ParallelRowsOnceInContiguousBlocksAndSerialWhenNested) {
             std::vector<int> sizes(team, 0);
             for (int y = 0; y < h; ++y) {
                 ASSERT_EQ(v.count[y], 1) << "team " << team << " h " << h;
-                if (y > 0) ASSERT_LE(v.thread[y - 1], v.thread[y]);  // static schedule: blocks in thread order
+                if (y > 0) {
+                    ASSERT_LE(v.thread[y - 1], v.thread[y]);  // static schedule: blocks in thread order
+                }
                 ++sizes[v.thread[y]];
             }
-            if (h >= team) EXPECT_LE(*std::max_element(sizes.begin(), sizes.end()) -
-                                         *std::min_element(sizes.begin(), sizes.end()), 1);
+            if (h >= team) {
+                EXPECT_LE(*std::max_element(sizes.begin(), sizes.end()) - *std::min_element(sizes.begin(), sizes.end()),
+                          1);
+            }
         }
     }
     zt::TeamSize t(0);  // a nonsensical team size still converts every row
