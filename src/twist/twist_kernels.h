@@ -71,7 +71,8 @@ inline void innerColorTwist_32f_C4R(RowC<const Zor32f, 4> s, RowC<Zor32f, 4> d, 
     for (std::ptrdiff_t i = 0; i < width; ++i) {
         const float* x = s.p + 4 * i;
         float y[4];
-        for (int c = 0; c < 4; ++c) y[c] = ((m.t[c][0] * x[0] + m.t[c][1] * x[1]) + m.t[c][2] * x[2]) + m.t[c][3] * x[3];
+        for (int c = 0; c < 4; ++c)
+            y[c] = ((m.t[c][0] * x[0] + m.t[c][1] * x[1]) + m.t[c][2] * x[2]) + m.t[c][3] * x[3];
         for (int c = 0; c < 4; ++c) d.p[4 * i + c] = y[c];
     }
 }
