@@ -1,6 +1,7 @@
 // Gamma correction: the export table. 8u through the stored tables, 16u per
 // sample or through a table built per call, 32f on a caller-given range.
 // Serial rows; steps are validated after the size.
+#include "core/export.h"
 #include "core/memory.h"
 #include "twist/gamma_kernels.h"
 

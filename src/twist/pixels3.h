@@ -10,7 +10,6 @@
 #pragma once
 
 #include "core/checks.h"
-#include "core/export.h"
 #include "core/image.h"
 #include "core/rows.h"
 

@@ -1,5 +1,6 @@
 // Colour twist: the export table. Serial rows; steps are validated after
 // the size; the matrix counts among the pointers of the null test.
+#include "core/export.h"
 #include "twist/twist_kernels.h"
 
 namespace zor {
