@@ -1,6 +1,6 @@
 // What the colour models (XYZ, LUV, Lab, PhotoYCC, HLS, HSV) share: their
 // export form, samples as floats and back, the quantisers, the RGB/XYZ
-// matrices, the CIE cube root and the pixel layouts of the hue models.
+// matrices and the CIE cube root.
 //
 // Float expressions are written in the order in which they must be evaluated
 // (the build keeps every operation separately rounded); reordering any of
@@ -9,7 +9,6 @@
 
 #include "core/arith.h"
 #include "core/export.h"
-#include "models/planes4.h"
 
 #include <array>
 #include <cmath>
@@ -172,33 +171,5 @@ inline std::array<float, 256> table8u(F f) {
 
 // v / 255
 inline const std::array<float, 256> kUnit8u = table8u([](int v) { return static_cast<float>(v) / 255.0f; });
-
-// Pixel layouts of the hue models: where logical channel k (R, G, B or H, L,
-// S; 3 is alpha) of pixel i lies. C0..C2 give the positions of channels
-// 0..2, so a BGR side is <..., 2, 1, 0>. Alpha is copied where both sides
-// carry it; an interleaved side without it leaves its fourth sample alone.
-template <int Stride, int C0 = 0, int C1 = 1, int C2 = 2, bool Alpha = false>
-struct Chans {
-    template <class T>
-    using Row = RowC<T, Stride>;
-    static constexpr bool kAlpha = Alpha;
-    static constexpr int kAt[4] = {C0, C1, C2, 3};
-    template <class R>
-    static auto& at(const R& r, int k, std::ptrdiff_t i) {
-        return r.p[i * Stride + kAt[k]];
-    }
-};
-
-template <int N, int C0 = 0, int C1 = 1, int C2 = 2>
-struct Planes {
-    template <class T>
-    using Row = std::conditional_t<N == 3, Row3<T>, Row4<T>>;
-    static constexpr bool kAlpha = N == 4;
-    static constexpr int kAt[4] = {C0, C1, C2, 3};
-    template <class R>
-    static auto& at(const R& r, int k, std::ptrdiff_t i) {
-        return r.p[kAt[k]][i];
-    }
-};
 
 }  // namespace zor

@@ -21,38 +21,38 @@ using Floor8u = HlsIntCodec<Zor8u, FloorCode>;
 
 // Layouts of the BGR family: interleaved (C3, C4 with alpha, AC4 with an
 // untouched fourth byte) or planar, on the BGR and on the HLS side.
-using BgrC3 = Chans<3, 2, 1, 0>;
-using BgrC4 = Chans<4, 2, 1, 0, true>;
-using BgrAC4 = Chans<4, 2, 1, 0>;
-using BgrP3 = Planes<3, 2, 1, 0>;
-using BgrP4 = Planes<4, 2, 1, 0>;
-using HlsC3 = Chans<3>;
-using HlsC4 = Chans<4, 0, 1, 2, true>;
-using HlsAC4 = Chans<4>;
-using HlsP3 = Planes<3>;
-using HlsP4 = Planes<4>;
+using BgrC3 = HlsChans<3, 2, 1, 0>;
+using BgrC4 = HlsChans<4, 2, 1, 0, true>;
+using BgrAC4 = HlsChans<4, 2, 1, 0>;
+using BgrP3 = HlsPlanes<3, 2, 1, 0>;
+using BgrP4 = HlsPlanes<4, 2, 1, 0>;
+using HlsC3 = HlsChans<3>;
+using HlsC4 = HlsChans<4, 0, 1, 2, true>;
+using HlsAC4 = HlsChans<4>;
+using HlsP3 = HlsPlanes<3>;
+using HlsP4 = HlsPlanes<4>;
 
 }  // namespace
 }  // namespace zor
 
 using namespace zor;
 
-ZOR_EXPORT(zoriRGBToHLS_8u_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor8u>, Chans<3>, Chans<3>>>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriRGBToHLS_8u_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor8u>, Chans<4>, Chans<4>>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriHLSToRGB_8u_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor8u>, Chans<3>, Chans<3>>>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriHLSToRGB_8u_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor8u>, Chans<4>, Chans<4>>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriRGBToHLS_16u_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16u>, Chans<3>, Chans<3>>>), IN_C(Zor16u, 3, StepIn::Elements), OUT_C(Zor16u, 3, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriRGBToHLS_16u_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16u>, Chans<4>, Chans<4>>>), IN_C(Zor16u, 4, StepIn::Elements), OUT_C(Zor16u, 4, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriHLSToRGB_16u_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16u>, Chans<3>, Chans<3>>>), IN_C(Zor16u, 3, StepIn::Elements), OUT_C(Zor16u, 3, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriHLSToRGB_16u_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16u>, Chans<4>, Chans<4>>>), IN_C(Zor16u, 4, StepIn::Elements), OUT_C(Zor16u, 4, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriRGBToHLS_16s_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16s>, Chans<3>, Chans<3>>>), IN_C(Zor16s, 3, StepIn::Elements), OUT_C(Zor16s, 3, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriRGBToHLS_16s_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16s>, Chans<4>, Chans<4>>>), IN_C(Zor16s, 4, StepIn::Elements), OUT_C(Zor16s, 4, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriHLSToRGB_16s_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16s>, Chans<3>, Chans<3>>>), IN_C(Zor16s, 3, StepIn::Elements), OUT_C(Zor16s, 3, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriHLSToRGB_16s_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16s>, Chans<4>, Chans<4>>>), IN_C(Zor16s, 4, StepIn::Elements), OUT_C(Zor16s, 4, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriRGBToHLS_32f_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor32f>, Chans<3>, Chans<3>>>), IN_C(Zor32f, 3, StepIn::Elements), OUT_C(Zor32f, 3, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriRGBToHLS_32f_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor32f>, Chans<4>, Chans<4>>>), IN_C(Zor32f, 4, StepIn::Elements), OUT_C(Zor32f, 4, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriHLSToRGB_32f_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor32f>, Chans<3>, Chans<3>>>), IN_C(Zor32f, 3, StepIn::Elements), OUT_C(Zor32f, 3, StepIn::Elements), ROI)
-ZOR_EXPORT(zoriHLSToRGB_32f_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor32f>, Chans<4>, Chans<4>>>), IN_C(Zor32f, 4, StepIn::Elements), OUT_C(Zor32f, 4, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriRGBToHLS_8u_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor8u>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriRGBToHLS_8u_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor8u>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriHLSToRGB_8u_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor8u>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriHLSToRGB_8u_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor8u>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriRGBToHLS_16u_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16u>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor16u, 3, StepIn::Elements), OUT_C(Zor16u, 3, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriRGBToHLS_16u_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16u>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor16u, 4, StepIn::Elements), OUT_C(Zor16u, 4, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriHLSToRGB_16u_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16u>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor16u, 3, StepIn::Elements), OUT_C(Zor16u, 3, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriHLSToRGB_16u_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16u>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor16u, 4, StepIn::Elements), OUT_C(Zor16u, 4, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriRGBToHLS_16s_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16s>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor16s, 3, StepIn::Elements), OUT_C(Zor16s, 3, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriRGBToHLS_16s_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor16s>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor16s, 4, StepIn::Elements), OUT_C(Zor16s, 4, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriHLSToRGB_16s_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16s>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor16s, 3, StepIn::Elements), OUT_C(Zor16s, 3, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriHLSToRGB_16s_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor16s>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor16s, 4, StepIn::Elements), OUT_C(Zor16s, 4, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriRGBToHLS_32f_C3R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor32f>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor32f, 3, StepIn::Elements), OUT_C(Zor32f, 3, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriRGBToHLS_32f_AC4R, (ModelChecks), (ParallelRows<&rgbToHls<Round<Zor32f>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor32f, 4, StepIn::Elements), OUT_C(Zor32f, 4, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriHLSToRGB_32f_C3R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor32f>, HlsChans<3>, HlsChans<3>>>), IN_C(Zor32f, 3, StepIn::Elements), OUT_C(Zor32f, 3, StepIn::Elements), ROI)
+ZOR_EXPORT(zoriHLSToRGB_32f_AC4R, (ModelChecks), (ParallelRows<&hlsToRgb<Round<Zor32f>, HlsChans<4>, HlsChans<4>>>), IN_C(Zor32f, 4, StepIn::Elements), OUT_C(Zor32f, 4, StepIn::Elements), ROI)
 
 ZOR_EXPORT(zoriBGRToHLS_8u_AC4R, (BgraChecks), (ParallelRows<&rgbToHls<Round<Zor8u>, BgrAC4, HlsAC4>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
 ZOR_EXPORT(zoriBGRToHLS_8u_AP4R, (BgrPlanarChecks), (ParallelRows<&rgbToHls<Floor8u, BgrP4, HlsP4>>), IN_P4(Zor8u), OUT_P4(Zor8u), ROI)

@@ -1,10 +1,11 @@
 // Row kernels of RGB/BGR <-> HLS: the colour arithmetic (written once, in
 // float on values normalised to 0..1), the sample codecs of each type and
-// quantiser, and one forward and one inverse kernel over the pixel layouts of
-// common.h (which also give the channel order: RGB, BGR, HLS).
+// quantiser, the pixel layouts (which also give the channel order: RGB, BGR,
+// HLS), and one forward and one inverse kernel over them.
 #pragma once
 
 #include "models/common.h"
+#include "models/planes4.h"
 
 namespace zor {
 
@@ -68,6 +69,35 @@ inline RgbValue rgbFromHls(float h, float l, float s) {
     if (hb < 0.0f) hb += 360.0f;
     return RgbValue{hlsRamp(m1, m2, hr), hlsRamp(m1, m2, h), hlsRamp(m1, m2, hb)};
 }
+
+// ---------------------------------------------------------------------------
+// Pixel layouts: where logical channel k (R, G, B or H, L, S; 3 is alpha) of
+// pixel i lies. C0..C2 give the positions of channels 0..2, so a BGR side is
+// <..., 2, 1, 0>. Alpha is copied where both sides carry it; an interleaved
+// side without it leaves its fourth sample alone.
+template <int Stride, int C0 = 0, int C1 = 1, int C2 = 2, bool Alpha = false>
+struct HlsChans {
+    template <class T>
+    using Row = RowC<T, Stride>;
+    static constexpr bool kAlpha = Alpha;
+    static constexpr int kAt[4] = {C0, C1, C2, 3};
+    template <class R>
+    static auto& at(const R& r, int k, std::ptrdiff_t i) {
+        return r.p[i * Stride + kAt[k]];
+    }
+};
+
+template <int N, int C0 = 0, int C1 = 1, int C2 = 2>
+struct HlsPlanes {
+    template <class T>
+    using Row = std::conditional_t<N == 3, Row3<T>, Row4<T>>;
+    static constexpr bool kAlpha = N == 4;
+    static constexpr int kAt[4] = {C0, C1, C2, 3};
+    template <class R>
+    static auto& at(const R& r, int k, std::ptrdiff_t i) {
+        return r.p[kAt[k]][i];
+    }
+};
 
 // ---------------------------------------------------------------------------
 // Sample codecs: sample <-> normalised value (or degrees for the hue).
