@@ -19,9 +19,10 @@ inline const std::array<float, 256> kSextants8u = table8u([](int v) { return hsv
 template <class T, int N>
 void rgbToHsv(RowC<const T, N> src, RowC<T, N> dst, int width) {
     constexpr float scale = kFullF<T>;
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* s = src.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* d = dst.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* s = src.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* d = dst.p + static_cast<std::ptrdiff_t>(i) * n;
         const int r = s[0], g = s[1], b = s[2];
         int mx = r > g ? r : g;
         if (b > mx) mx = b;
@@ -61,9 +62,10 @@ void rgbToHsv(RowC<const T, N> src, RowC<T, N> dst, int width) {
 template <class T, int N>
 void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
     constexpr float scale = kFullF<T>;
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* s = src.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* d = dst.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* s = src.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* d = dst.p + static_cast<std::ptrdiff_t>(i) * n;
         const int hCode = s[0], sCode = s[1];
         const float v = static_cast<float>(s[2]);
         if (sCode == 0) {
@@ -83,10 +85,18 @@ void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
         const float p = (1.0f - sat) * v;
         const float q = (1.0f - sat * f) * v;
         const float t = (1.0f - sat * (1.0f - f)) * v;
-        // Sextant 5 is the last (codes below the top stay under 6).
-        const float rgb[6][3] = {{v, t, p}, {q, v, p}, {p, v, t}, {p, q, v}, {t, p, v}, {v, p, q}};
-        const float* o = rgb[k < 5 ? k : 5];
-        for (int c = 0; c < 3; ++c) d[c] = static_cast<T>(RoundCode::code(o[c]));
+        float r, g, b;
+        switch (k) {
+            case 0: r = v, g = t, b = p; break;
+            case 1: r = q, g = v, b = p; break;
+            case 2: r = p, g = v, b = t; break;
+            case 3: r = p, g = q, b = v; break;
+            case 4: r = t, g = p, b = v; break;
+            default: r = v, g = p, b = q; break;  // sextant 5 (codes below the top stay under 6)
+        }
+        d[0] = static_cast<T>(RoundCode::code(r));
+        d[1] = static_cast<T>(RoundCode::code(g));
+        d[2] = static_cast<T>(RoundCode::code(b));
     }
 }
 

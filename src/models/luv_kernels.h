@@ -81,9 +81,10 @@ inline XyzValue luvToXyz(float l, float u, float v, float scale, float un, float
 // carry the rounding half.
 template <int N>
 void rgbToLuv8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float r = p[0], g = p[1], b = p[2];
         const float x = dotRow(kRgbToXyz, 0, r, g, b) / 255.0f;
         const float y = dotRow(kRgbToXyz, 1, r, g, b);
@@ -108,9 +109,10 @@ void rgbToLuv8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
 // the luminance ratio Y itself.
 template <class T, int N>
 void rgbToLuv(RowC<const T, N> s, RowC<T, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float r = toScale(p[0]), g = toScale(p[1]), b = toScale(p[2]);
         const float x = dotRow(kRgbToXyz, 0, r, g, b);
         const float y = dotRow(kRgbToXyz, 1, r, g, b);
@@ -135,9 +137,10 @@ void rgbToLuv(RowC<const T, N> s, RowC<T, N> d, int width) {
 template <class T, int N>
 void luvToRgbInt(RowC<const T, N> s, RowC<T, N> d, int width) {
     constexpr float scale = kFullF<T>;
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float l = toScale(p[0]) * 100.0f / scale;
         if (l < kLuvDark) {
             q[0] = q[1] = q[2] = fromCode<T>(0);

@@ -19,9 +19,10 @@ inline std::int32_t fixedRow(const std::int32_t (&row)[3], std::int32_t a, std::
 // through the saturation table.
 template <int N>
 void rgbToXyz8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const std::int32_t r = p[0], g = p[1], b = p[2];
         q[0] = static_cast<Zor8u>(fixedRow(kRgbToXyz8[0], r, g, b) >> 16);
         q[1] = static_cast<Zor8u>(fixedRow(kRgbToXyz8[1], r, g, b) >> 16);
@@ -33,9 +34,10 @@ void rgbToXyz8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
 // sums), then 0..255.
 template <int N>
 void xyzToRgb8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         for (int k = 0; k < 3; ++k) q[k] = clampByte(asr(fixedRow(kXyzToRgb8[k], p[0], p[1], p[2]), 16));
     }
 }
@@ -44,9 +46,10 @@ void xyzToRgb8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
 // to at most 1), Z saturates; 32f X and Y are not clamped, Z is.
 template <class T, int N>
 void rgbToXyz(RowC<const T, N> s, RowC<T, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float r = toScale(p[0]), g = toScale(p[1]), b = toScale(p[2]);
         q[0] = roundStore<T>(dotRow(kRgbToXyz, 0, r, g, b));
         q[1] = roundStore<T>(dotRow(kRgbToXyz, 1, r, g, b));
@@ -59,9 +62,10 @@ void rgbToXyz(RowC<const T, N> s, RowC<T, N> d, int width) {
 // stays in float throughout.
 template <class T, int N>
 void xyzToRgb(RowC<const T, N> s, RowC<T, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float x = toScale(p[0]), y = toScale(p[1]), z = toScale(p[2]);
         if constexpr (std::is_same_v<T, Zor16u>) {
             int c[3];

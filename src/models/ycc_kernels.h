@@ -22,9 +22,10 @@ inline constexpr Matrix3 kRgbToYcc16 = {{{0.213267f, 0.418688f, 0.0813124f},
 // floors and nothing is rounded or clamped (the chroma keeps its low 8 bits).
 template <int N>
 void rgbToYcc8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const std::int32_t r = p[0], g = p[1], b = p[2];
         const std::int32_t sum = 4898 * r + 9617 * g + 1867 * b;
         q[0] = static_cast<Zor8u>(((sum >> 10) * 2921) >> 16);
@@ -36,9 +37,10 @@ void rgbToYcc8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
 // 8u inverse: 12 fraction bits; the table saturates indices from -346 to 565.
 template <int N>
 void yccToRgb8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const Zor8u* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        Zor8u* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const std::int32_t ty = 5564 * static_cast<std::int32_t>(p[0]);
         const std::int32_t t1 = 9084 * static_cast<std::int32_t>(p[1]) - 1417104;
         const std::int32_t t2 = 7460 * static_cast<std::int32_t>(p[2]) - 1022020;
@@ -52,9 +54,10 @@ void yccToRgb8(RowC<const Zor8u, N> s, RowC<Zor8u, N> d, int width) {
 template <int N>
 void rgbToYcc16u(RowC<const Zor16u, N> s, RowC<Zor16u, N> d, int width) {
     const float off[3] = {0.0f, kYccOff1<Zor16u>, kYccOff2<Zor16u>};
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const Zor16u* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        Zor16u* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const Zor16u* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        Zor16u* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float r = p[0], g = p[1], b = p[2];
         for (int k = 0; k < 3; ++k) q[k] = roundStore<Zor16u>(dotRow(kRgbToYcc16, k, r, g, b) + off[k]);
     }
@@ -64,9 +67,10 @@ void rgbToYcc16u(RowC<const Zor16u, N> s, RowC<Zor16u, N> d, int width) {
 // chroma differences); 16s rounded without clamp, 32f as computed.
 template <class T, int N>
 void rgbToYccModel(RowC<const T, N> s, RowC<T, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float r = toScale(p[0]), g = toScale(p[1]), b = toScale(p[2]);
         const float yl = 0.299f * r + 0.587f * g + 0.114f * b;
         q[0] = roundStore<T>(0.7132668f * yl);
@@ -80,9 +84,10 @@ void rgbToYccModel(RowC<const T, N> s, RowC<T, N> d, int width) {
 // exactly.
 template <class T, int N>
 void yccToRgb(RowC<const T, N> s, RowC<T, N> d, int width) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (int i = 0; i < width; ++i) {
-        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * N;
-        T* q = d.p + static_cast<std::ptrdiff_t>(i) * N;
+        const T* p = s.p + static_cast<std::ptrdiff_t>(i) * n;
+        T* q = d.p + static_cast<std::ptrdiff_t>(i) * n;
         const float l = 1.3584f * toScale(p[0]);
         const float d1 = 2.2179f * (toScale(p[1]) - kYccOff1<T>);
         const float d2 = 1.8215f * (toScale(p[2]) - kYccOff2<T>);
