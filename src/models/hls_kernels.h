@@ -5,7 +5,7 @@
 #pragma once
 
 #include "models/common.h"
-#include "models/planes4.h"
+#include "core/image.h"
 
 namespace zor {
 

@@ -18,17 +18,17 @@ void owniGammaInitInv16u(Zor16u* table) {
 }
 
 template <bool Fwd, class L>
-using Gamma8u = Prepared<Stored8u<Fwd>, ScalarKernel<&innerGamma<L, Zor8u, Stored8u<Fwd>>>>;
+using Gamma8u = PreparedRows<Stored8u<Fwd>, ScalarKernel<&innerGamma<L, Zor8u, Stored8u<Fwd>>>>;
 
 template <bool Fwd, class L>
-using Gamma32f = Prepared<Curve32f<Fwd>, ScalarKernel<&innerGamma<L, Zor32f, Curve32f<Fwd>>>>;
+using Gamma32f = PreparedRows<Curve32f<Fwd>, ScalarKernel<&innerGamma<L, Zor32f, Curve32f<Fwd>>>>;
 
 // Small images (at most 65,536 samples, three per pixel in every layout) are
 // computed per sample; larger ones through a table of all 65,536 values from
 // the library's allocator, which gives the same results.
 template <bool Fwd, class L>
 struct Gamma16u {
-    using Direct = Prepared<Curve16u<Fwd>, ScalarKernel<&innerGamma<L, Zor16u, Curve16u<Fwd>>>>;
+    using Direct = PreparedRows<Curve16u<Fwd>, ScalarKernel<&innerGamma<L, Zor16u, Curve16u<Fwd>>>>;
     using Mapped = Rows<Serial, ScalarKernel<&innerGamma<L, Zor16u, Table16u>>, Fuse<1>>;
 
     template <class Images, class Extras>

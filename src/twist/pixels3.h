@@ -14,7 +14,6 @@
 #include "core/rows.h"
 
 #include <cstddef>
-#include <tuple>
 
 namespace zor {
 
@@ -49,12 +48,6 @@ using ChecksWithSteps = Checks<check::Null<kOuter | kPlanes>, check::Size<>, che
 // made once per call, by value after the width. Every pixel stands alone, so
 // contiguous images go as one long row.
 template <class Prep, class K>
-struct Prepared {
-    template <class Images, class Extras>
-    static ZorStatus run(ZoriSize roi, const Images& images, const Extras& extras) {
-        const Prep p = std::apply([](const auto&... e) { return Prep(e.value()...); }, extras);
-        return Rows<Serial, K, Fuse<1>>::run(roi, images, std::make_tuple(Value<Prep>{p}));
-    }
-};
+using PreparedRows = Prepared<Prep, Rows<Serial, K, Fuse<1>>>;
 
 }  // namespace zor

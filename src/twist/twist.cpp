@@ -7,13 +7,13 @@ namespace zor {
 namespace {
 
 template <class L, class T>
-using Twist = Prepared<Matrix<3>, ScalarKernel<&innerColorTwist<L, T>>>;
+using Twist = PreparedRows<Matrix<3>, ScalarKernel<&innerColorTwist<L, T>>>;
 
 // Four float channels. When both steps equal four times the width in bytes
 // (one float per pixel, not four) the image is taken as width x height
 // consecutive pixels from the first pixel: rows of sixteen bytes per pixel.
 struct TwistC4 {
-    using R = Prepared<Matrix<4>, ScalarKernel<&innerColorTwist_32f_C4R>>;
+    using R = PreparedRows<Matrix<4>, ScalarKernel<&innerColorTwist_32f_C4R>>;
     template <class Images, class Extras>
     static ZorStatus run(ZoriSize roi, Images images, const Extras& extras) {
         auto& [src, dst] = images;
