@@ -1,0 +1,141 @@
+// Vector building blocks of the subsampled encoders (included once per
+// target, after hwy/foreach_target.h): the sources as 16-bit R, G, B in
+// pixel order, luma per pixel and chroma products per pair of pixels, on top
+// of the 16.16 pairwise products of video/vec-inl.h.
+//
+// Every source gives a whole vector of pixels per load as two chunks of
+// Lanes(D16) pixels. The chroma of a pair is the pairwise product of the
+// pixel-order lanes with one coefficient: lane k of dot(r, c) is
+// c (r[2k] + r[2k+1]), so the products of the channel sums come without a
+// shuffle, in pair order. Channel sums of up to four pixels are at most 1020
+// and every chroma sum stays below 2^26, far inside 32-bit lanes.
+#if defined(ZOR_VIDEO_ENCODE_INL_H_) == defined(HWY_TARGET_TOGGLE)
+#ifdef ZOR_VIDEO_ENCODE_INL_H_
+#undef ZOR_VIDEO_ENCODE_INL_H_
+#else
+#define ZOR_VIDEO_ENCODE_INL_H_
+#endif
+
+#include "hwy/highway.h"
+#include "video/group_encoder.h"
+#include "video/vec-inl.h"
+
+#include <array>
+
+HWY_BEFORE_NAMESPACE();
+namespace zor {
+namespace HWY_NAMESPACE {
+namespace hn = hwy::HWY_NAMESPACE;
+
+#if HWY_TARGET != HWY_SCALAR
+
+using DU16 = hn::Repartition<std::uint16_t, D8>;
+using D8Q = hn::Rebind<std::uint8_t, D32>;  // one byte per 32-bit lane
+
+// 16-bit R, G, B of Lanes(D16) pixels in pixel order.
+struct Rgb16 {
+    V16 r, g, b;
+};
+
+// ---------------------------------------------------------------------------
+// Sources: load(row, i, c) gives pixels i .. i + Lanes(D8) - 1 as c[0], c[1].
+
+template <class S>
+struct VecSrc {
+    static HWY_INLINE void load(SrcRow<S> row, std::size_t i, Rgb16 (&c)[2]) {
+        V8 r, g, b;
+        VecPix<S>::load(D8(), row, i, r, g, b);
+        c[0] = {lowerTo16(r), lowerTo16(g), lowerTo16(b)};
+        c[1] = {upperTo16(r), upperTo16(g), upperTo16(b)};
+    }
+};
+
+// Words: the fields masked in place and shifted to the 8-bit scale.
+template <int GreenBits>
+struct VecSrc<PackedBgr16<GreenBits>> {
+    static HWY_INLINE void load(SrcRow<PackedBgr16<GreenBits>> row, std::size_t i, Rgb16 (&c)[2]) {
+        const DU16 du;
+        const auto high5 = hn::Set(du, 0xF8);
+        const auto green = hn::Set(du, GreenBits == 6 ? 0xFC : 0xF8);
+        for (int h = 0; h < 2; ++h) {
+            const auto w = hn::LoadU(du, row.p + i + h * hn::Lanes(du));
+            c[h].r = hn::BitCast(D16(), hn::And(hn::ShiftRight<GreenBits + 2>(w), high5));
+            c[h].g = hn::BitCast(D16(), hn::And(hn::ShiftRight<GreenBits - 3>(w), green));
+            c[h].b = hn::BitCast(D16(), hn::And(hn::ShiftLeft<3>(w), high5));
+        }
+    }
+};
+
+// tableFwd8u as 32-bit entries, for gathers.
+inline constexpr std::array<std::int32_t, 256> kGammaFwd32 = [] {
+    std::array<std::int32_t, 256> t{};
+    for (int i = 0; i < 256; ++i) t[static_cast<std::size_t>(i)] = tableFwd8u[i];
+    return t;
+}();
+
+// The forward gamma of 16-bit samples 0..255: pixels 4 at a time per block
+// widened to 32-bit lanes, gathered, and narrowed back in pixel order.
+HWY_INLINE V16 gammaFwd(V16 v) {
+    const D16 d16;
+    const D32 d32;
+    const V16 zero = hn::Zero(d16);
+    const V32 lo = hn::GatherIndex(d32, kGammaFwd32.data(), hn::BitCast(d32, hn::InterleaveLower(d16, v, zero)));
+    const V32 hi = hn::GatherIndex(d32, kGammaFwd32.data(), hn::BitCast(d32, hn::InterleaveUpper(d16, v, zero)));
+    return narrow(lo, hi);
+}
+
+template <>
+struct VecSrc<PixGammaC3> {
+    static HWY_INLINE void load(SrcRow<PixGammaC3> row, std::size_t i, Rgb16 (&c)[2]) {
+        VecSrc<PixC3>::load(row, i, c);
+        for (Rgb16& x : c) x = {gammaFwd(x.r), gammaFwd(x.g), gammaFwd(x.b)};
+    }
+};
+
+// ---------------------------------------------------------------------------
+// Luma and chroma
+
+// Y of each pixel: 33030 G does not fit a 16-bit coefficient, so G goes
+// twice at 16515, paired with R and with B. bias: the luma bias of each
+// 32-bit lane, whose parity is the pixel's.
+HWY_INLINE V16 luma(const Rgb16& c, V32 bias) {
+    const D16 d16;
+    const V16 kRG = pair(16843, 16515), kBG = pair(6423, 16515);
+    const V16 rgL = hn::InterleaveLower(d16, c.r, c.g), rgU = hn::InterleaveUpper(d16, c.r, c.g);
+    const V16 bgL = hn::InterleaveLower(d16, c.b, c.g), bgU = hn::InterleaveUpper(d16, c.b, c.g);
+    return narrow(hn::ShiftRight<16>(dot(rgL, kRG) + dot(bgL, kBG) + bias),
+                  hn::ShiftRight<16>(dot(rgU, kRG) + dot(bgU, kBG) + bias));
+}
+static_assert(16515 * 2 == 33030, "luma coefficient split");
+
+HWY_INLINE V32 lumaBias(std::int32_t even, std::int32_t odd) {
+    return hn::OddEven(hn::Set(D32(), odd), hn::Set(D32(), even));
+}
+
+// The Cb or Cr product of the channel sums of each pair, in pair order.
+template <std::int32_t KR, std::int32_t KG, std::int32_t KB>
+HWY_INLINE V32 pairProduct(const Rgb16& c) {
+    const D16 d16;
+    return dot(c.r, hn::Set(d16, KR)) + dot(c.g, hn::Set(d16, KG)) + dot(c.b, hn::Set(d16, KB));
+}
+HWY_INLINE V32 cbPairs(const Rgb16& c) { return pairProduct<-9699, -19071, 28770>(c); }
+HWY_INLINE V32 crPairs(const Rgb16& c) { return pairProduct<28770, -24117, -4653>(c); }
+static_assert(cbProduct(1, 0, 0) == -9699 && cbProduct(0, 1, 0) == -19071 && cbProduct(0, 0, 1) == 28770, "Cb");
+static_assert(crProduct(1, 0, 0) == 28770 && crProduct(0, 1, 0) == -24117 && crProduct(0, 0, 1) == -4653, "Cr");
+
+HWY_INLINE Rgb16 operator+(const Rgb16& a, const Rgb16& b) { return {a.r + b.r, a.g + b.g, a.b + b.b}; }
+
+// Stores: 16-bit luma (16..235) as bytes; 32-bit chroma (16..240) as bytes.
+HWY_INLINE void storeLuma(V16 y, std::uint8_t* p) {
+    const hn::Rebind<std::uint8_t, D16> d;
+    hn::StoreU(hn::DemoteTo(d, y), d, p);
+}
+HWY_INLINE void storeChroma(V32 v, std::uint8_t* p) { hn::StoreU(hn::DemoteTo(D8Q(), v), D8Q(), p); }
+
+#endif  // HWY_TARGET != HWY_SCALAR
+
+}  // namespace HWY_NAMESPACE
+}  // namespace zor
+HWY_AFTER_NAMESPACE();
+
+#endif  // include guard

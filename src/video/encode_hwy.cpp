@@ -1,0 +1,176 @@
+// Vector kernels of the subsampled encoders, compiled once per CPU target.
+// Every kernel computes exactly what its scalar kernel
+// (video/encode_kernels.h) computes: it converts whole vectors of pixels
+// (whole groups, since a vector holds a multiple of four pixels) and leaves
+// the rest of the row to the scalar kernel.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "video/encode_hwy.cpp"
+#include "hwy/foreach_target.h"  // IWYU pragma: keep
+
+#include "hwy/highway.h"
+#include "video/encode-inl.h"
+#include "video/encode_kernels.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace zor {
+namespace HWY_NAMESPACE {
+namespace hn = hwy::HWY_NAMESPACE;
+
+// The scalar target of Highway keeps the scalar kernels (found in zor::).
+#if HWY_TARGET != HWY_SCALAR
+
+// Packed 16-bit words of a pair: luma in one byte, the pair's chroma
+// (Cb for the first pixel, Cr for the second) in the other.
+template <class Order>
+HWY_INLINE void storePacked(V16 y, V32 cb, V32 cr, std::uint8_t* p) {
+    const V16 c = hn::BitCast(D16(), hn::Or(cb, hn::ShiftLeft<16>(cr)));
+    static_assert(Order::kY0 + Order::kCb == 1 && Order::kY1 == Order::kY0 + 2 && Order::kCr == Order::kCb + 2,
+                  "each pixel's Y and chroma share one 16-bit word");
+    const V16 words = Order::kY0 == 0 ? hn::Or(y, hn::ShiftLeft<8>(c)) : hn::Or(c, hn::ShiftLeft<8>(y));
+    hn::StoreU(hn::BitCast(D8(), words), D8(), p);
+}
+
+template <class Rule, class S, class Order>
+void encode422Packed(SrcRow<S> s, RowC<Zor8u, 2> d, int width) {
+    const std::size_t n = hn::Lanes(D8()), half = n / 2;
+    const V32 bias = lumaBias(kLumaRounded, Rule::kLumaBias1);
+    const V32 offCb = hn::Set(D32(), Rule::kOffsetCb), offCr = hn::Set(D32(), Rule::kOffsetCr);
+    std::size_t i = 0;
+    for (; i + n <= static_cast<std::size_t>(width); i += n) {
+        Rgb16 c[2];
+        VecSrc<S>::load(s, i, c);
+        for (std::size_t h = 0; h < 2; ++h) {
+            storePacked<Order>(luma(c[h], bias), hn::ShiftRight<Rule::kShift>(cbPairs(c[h]) + offCb),
+                               hn::ShiftRight<Rule::kShift>(crPairs(c[h]) + offCr), d.p + 2 * (i + h * half));
+        }
+    }
+    ::zor::encode422Packed<Rule, S, Order>(S::advance(s, i), advance(d, i), width - static_cast<int>(i));
+}
+
+template <class S>
+void encode422Planar(SrcRow<S> s, Row3<Zor8u, 2> d, int width) {
+    using Rule = RuleEB422;
+    const std::size_t n = hn::Lanes(D8()), half = n / 2;
+    const V32 bias = lumaBias(kLumaRounded, kLumaRounded);
+    const V32 offCb = hn::Set(D32(), Rule::kOffsetCb), offCr = hn::Set(D32(), Rule::kOffsetCr);
+    std::size_t i = 0;
+    for (; i + n <= static_cast<std::size_t>(width); i += n) {
+        Rgb16 c[2];
+        VecSrc<S>::load(s, i, c);
+        for (std::size_t h = 0; h < 2; ++h) {
+            const std::size_t x = i + h * half;
+            storeLuma(luma(c[h], bias), d.p[0] + x);
+            storeChroma(hn::ShiftRight<Rule::kShift>(cbPairs(c[h]) + offCb), d.p[1] + x / 2);
+            storeChroma(hn::ShiftRight<Rule::kShift>(crPairs(c[h]) + offCr), d.p[2] + x / 2);
+        }
+    }
+    ::zor::encode422Planar<S>(S::advance(s, i), advance(d, i), width - static_cast<int>(i));
+}
+
+// The filtered encoder. The products of the even and of the odd pixel of
+// each pair are formed apart (R and G of one pixel paired in a 32-bit lane,
+// B against a zero coefficient for the other pixel), floor-shifted by 1 and
+// 2, and the odd quarter of pair k - 1 moves one lane up to be the left term
+// of pair k; lane 0 takes it from the previous chunk (0 at the row start),
+// and the scalar kernel goes on from the last one.
+template <class S>
+void encodeFiltered422(SrcRow<S> s, RowC<Zor8u, 2> d, int width) {
+    const D16 d16;
+    const D32 d32;
+    const std::size_t n = hn::Lanes(D8()), half = n / 2;
+    const std::int32_t last = static_cast<std::int32_t>(hn::Lanes(d32)) - 1;
+    const auto up = hn::IndicesFromVec(d32, hn::And(hn::Iota(d32, last), hn::Set(d32, last)));
+    const auto first = hn::FirstN(d32, 1);
+    const V32 bias = lumaBias(kLumaRounded, kLumaRounded), chromaBias = hn::Set(d32, kFilteredChromaBias);
+    const V16 cbRG = pair(-9699, -19071), cbB0 = pair(28770, 0), cbB1 = pair(0, 28770);
+    const V16 crRG = pair(28770, -24117), crB0 = pair(-4653, 0), crB1 = pair(0, -4653);
+    V32 leftCb = hn::Zero(d32), leftCr = hn::Zero(d32);
+    const auto chroma = [&](V32 even, V32 odd, V32& left) {
+        const V32 right = hn::ShiftRight<2>(odd);
+        const V32 moved = hn::TableLookupLanes(right, up);
+        const V32 sum = hn::ShiftRight<1>(even) + right + hn::IfThenElse(first, left, moved) + chromaBias;
+        left = moved;
+        return hn::ShiftRight<16>(sum);
+    };
+    std::size_t i = 0;
+    for (; i + n <= static_cast<std::size_t>(width); i += n) {
+        Rgb16 c[2];
+        VecSrc<S>::load(s, i, c);
+        for (std::size_t h = 0; h < 2; ++h) {
+            const Rgb16& x = c[h];
+            const V32 r32 = hn::BitCast(d32, x.r), g32 = hn::BitCast(d32, x.g);
+            const V16 rg0 = hn::OddEven(hn::BitCast(d16, hn::ShiftLeft<16>(g32)), x.r);
+            const V16 rg1 = hn::OddEven(x.g, hn::BitCast(d16, hn::ShiftRight<16>(r32)));
+            const V32 cb = chroma(dot(rg0, cbRG) + dot(x.b, cbB0), dot(rg1, cbRG) + dot(x.b, cbB1), leftCb);
+            const V32 cr = chroma(dot(rg0, crRG) + dot(x.b, crB0), dot(rg1, crRG) + dot(x.b, crB1), leftCr);
+            storePacked<OrderCbYCr>(luma(x, bias), cb, cr, d.p + 2 * (i + h * half));
+        }
+    }
+    ::zor::encodeFilteredFrom<S>(S::advance(s, i), advance(d, i), width - static_cast<int>(i), hn::GetLane(leftCb),
+                                 hn::GetLane(leftCr));
+}
+
+template <class S, bool Swap>
+void encode420(SrcRow<S> s0, SrcRow<S> s1, Row3<Zor8u, 2> d0, Row3<Zor8u, 2> d1, int width) {
+    using Rule = RuleE420;
+    const std::size_t n = hn::Lanes(D8()), half = n / 2;
+    const V32 bias = lumaBias(kLumaRounded, kLumaRounded);
+    const V32 offCb = hn::Set(D32(), Rule::kOffsetCb), offCr = hn::Set(D32(), Rule::kOffsetCr);
+    std::size_t i = 0;
+    for (; i + n <= static_cast<std::size_t>(width); i += n) {
+        Rgb16 a[2], b[2];
+        VecSrc<S>::load(s0, i, a);
+        VecSrc<S>::load(s1, i, b);
+        for (std::size_t h = 0; h < 2; ++h) {
+            const std::size_t x = i + h * half;
+            storeLuma(luma(a[h], bias), d0.p[0] + x);
+            storeLuma(luma(b[h], bias), d1.p[0] + x);
+            const Rgb16 sum = a[h] + b[h];
+            storeChroma(hn::ShiftRight<Rule::kShift>(cbPairs(sum) + offCb), d0.p[Swap ? 2 : 1] + x / 2);
+            storeChroma(hn::ShiftRight<Rule::kShift>(crPairs(sum) + offCr), d0.p[Swap ? 1 : 2] + x / 2);
+        }
+    }
+    ::zor::encode420<S, Swap>(S::advance(s0, i), S::advance(s1, i), advance(d0, i), advance(d1, i),
+                              width - static_cast<int>(i));
+}
+
+// Four pixels are two pairs: the even and odd pair products of both chunks,
+// gathered and added.
+template <class S>
+void encode411(SrcRow<S> s, Row3<Zor8u, 4> d, int width) {
+    using Rule = RuleE411;
+    const D32 d32;
+    const std::size_t n = hn::Lanes(D8()), half = n / 2;
+    const V32 bias = lumaBias(kLumaRounded, kLumaRounded);
+    const V32 offCb = hn::Set(d32, Rule::kOffsetCb), offCr = hn::Set(d32, Rule::kOffsetCr);
+    const auto groups = [&](V32 lo, V32 hi, V32 off) {
+        return hn::ShiftRight<Rule::kShift>(hn::ConcatEven(d32, hi, lo) + hn::ConcatOdd(d32, hi, lo) + off);
+    };
+    std::size_t i = 0;
+    for (; i + n <= static_cast<std::size_t>(width); i += n) {
+        Rgb16 c[2];
+        VecSrc<S>::load(s, i, c);
+        storeLuma(luma(c[0], bias), d.p[0] + i);
+        storeLuma(luma(c[1], bias), d.p[0] + i + half);
+        storeChroma(groups(cbPairs(c[0]), cbPairs(c[1]), offCb), d.p[1] + i / 4);
+        storeChroma(groups(crPairs(c[0]), crPairs(c[1]), offCr), d.p[2] + i / 4);
+    }
+    ::zor::encode411<S>(S::advance(s, i), advance(d, i), width - static_cast<int>(i));
+}
+
+#endif  // HWY_TARGET != HWY_SCALAR
+
+// ---------------------------------------------------------------------------
+
+HWY_MAYBE_UNUSED constexpr EncodeKernels kEncodeVector = {ZOR_ENCODE_KERNELS(ZOR_KERNEL_POINTER)};
+
+}  // namespace HWY_NAMESPACE
+}  // namespace zor
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+#include "core/target_tables.h"
+namespace zor {
+ZOR_TARGET_TABLES(EncodeKernels, kEncodeVector, encodeTables, kEncodeScalar)
+}  // namespace zor
+#endif
