@@ -6,10 +6,8 @@
 
 namespace {
 
-#define ZOR_SHAPE_TEST(name, fn, args)                                                        \
-    TEST(EncodeKernelSetsExhaustive, name) {                                                  \
-        zt::expectVectorsMatchScalar(zor::encodeTables, &zor::EncodeKernels::name, true);     \
-    }
+#define ZOR_SHAPE_TEST(name, fn, args) \
+    TEST(EncodeKernelSetsExhaustive, name) { zt::expectVectorsMatchScalar(zor::encodeTables, &zor::EncodeKernels::name, true); }
 ZOR_ENCODE_KERNELS(ZOR_SHAPE_TEST)
 
 }  // namespace
