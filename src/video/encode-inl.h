@@ -93,6 +93,96 @@ struct VecSrc<PixGammaC3> {
 };
 
 // ---------------------------------------------------------------------------
+// Units: Lanes(D32) pixels of an interleaved byte row as 32-bit lanes that
+// hold the pixel's R and G, or B and G, as a pair of 16-bit samples, ready
+// for the pairwise products. Four pixels of a row go to each 128-bit block:
+// 3-byte pixels are first moved there by 32-bit lanes, from a vector that
+// ends with the unit (or starts with it at the row start, so that no load
+// leaves the row).
+
+using Idx32 = decltype(hn::IndicesFromVec(D32(), hn::Zero(D32())));
+
+template <class S>
+struct Units;
+
+template <int Stride, int C0, int C1, int C2, bool Fill>
+struct Units<Interleaved<Stride, C0, C1, C2, Fill>> {
+    Idx32 front, back;
+    V8 rg, bg;
+    Units() {
+        const std::size_t n32 = hn::Lanes(D32());
+        alignas(64) std::int32_t f[64 / 4], b[64 / 4];
+        alignas(64) std::uint8_t kRG[64], kBG[64];
+        for (std::size_t k = 0; k < n32; ++k) {
+            f[k] = static_cast<std::int32_t>(3 * (k / 4) + (k % 4 == 3 ? 2 : k % 4));
+            b[k] = f[k] + static_cast<std::int32_t>(n32 / 4);
+        }
+        for (std::size_t i = 0; i < 4 * n32; ++i) {  // byte i % 4 of pixel i % 16 / 4 of a block
+            const int at = Stride * static_cast<int>(i % 16 / 4);
+            kRG[i] = static_cast<std::uint8_t>(i % 2 ? 0x80 : at + (i % 4 ? C1 : C0));
+            kBG[i] = static_cast<std::uint8_t>(i % 2 ? 0x80 : at + (i % 4 ? C1 : C2));
+        }
+        front = hn::SetTableIndices(D32(), f);
+        back = hn::SetTableIndices(D32(), b);
+        rg = hn::Load(D8(), kRG);
+        bg = hn::Load(D8(), kBG);
+    }
+    HWY_INLINE void load(const std::uint8_t* row, std::size_t x, V16& outRG, V16& outBG) const {
+        V8 v;
+        if constexpr (Stride == 4) {
+            v = hn::LoadU(D8(), row + 4 * x);
+        } else if (x == 0) {
+            v = hn::BitCast(D8(), hn::TableLookupLanes(hn::BitCast(D32(), hn::LoadU(D8(), row)), front));
+        } else {
+            const V32 w = hn::BitCast(D32(), hn::LoadU(D8(), row + 3 * x - hn::Lanes(D32())));
+            v = hn::BitCast(D8(), hn::TableLookupLanes(w, back));
+        }
+        outRG = hn::BitCast(D16(), hn::TableLookupBytesOr0(v, rg));
+        outBG = hn::BitCast(D16(), hn::TableLookupBytesOr0(v, bg));
+    }
+};
+
+template <class S>
+inline constexpr bool kHasUnits = false;
+template <int Stride, int C0, int C1, int C2, bool Fill>
+inline constexpr bool kHasUnits<Interleaved<Stride, C0, C1, C2, Fill>> = true;
+
+// Y of each pixel of a unit, in 32-bit lanes.
+HWY_INLINE V32 lumaUnit(V16 rg, V16 bg, V32 bias) {
+    return hn::ShiftRight<16>(dot(rg, pair(16843, 16515)) + dot(bg, pair(6423, 16515)) + bias);
+}
+
+// Four vectors of 32-bit lanes (values 0..255) as the bytes of a, b, c, d in
+// order. The signed narrowing works per 128-bit block on x86 (one block on
+// NEON); the last step puts the blocks back in order.
+struct Pack4 {
+    Idx32 fix;
+    Pack4() {
+        const std::size_t nb = hn::Lanes(D32()) / 4;
+        alignas(64) std::int32_t idx[64 / 4];
+        for (std::size_t m = 0; m < 4 * nb; ++m) {
+            const std::size_t u = m / nb, j = m % nb;
+            idx[m] = static_cast<std::int32_t>(u / 2 * 2 * nb + 2 * j + u % 2);
+        }
+        fix = hn::SetTableIndices(D32(), idx);
+    }
+    HWY_INLINE V8 operator()(V32 a, V32 b, V32 c, V32 d) const {
+        const D16 d16;
+        const V8 bytes = hn::ConcatEven(D8(), hn::BitCast(D8(), hn::ReorderDemote2To(d16, c, d)),
+                                        hn::BitCast(D8(), hn::ReorderDemote2To(d16, a, b)));
+        return hn::BitCast(D8(), hn::TableLookupLanes(hn::BitCast(D32(), bytes), fix));
+    }
+};
+
+// The pair sums of the 16-bit samples of two units (pixels 2k and 2k + 1 of
+// a then b), in pair order.
+HWY_INLINE V16 pairSums(V16 a, V16 b) {
+    const D32 d32;
+    const V32 a32 = hn::BitCast(d32, a), b32 = hn::BitCast(d32, b);
+    return hn::BitCast(D16(), hn::ConcatEven(d32, b32, a32) + hn::ConcatOdd(d32, b32, a32));
+}
+
+// ---------------------------------------------------------------------------
 // Luma and chroma
 
 // Y of each pixel: 33030 G does not fit a 16-bit coefficient, so G goes

@@ -113,21 +113,53 @@ void encodeFiltered422(SrcRow<S> s, RowC<Zor8u, 2> d, int width) {
 template <class S, bool Swap>
 void encode420(SrcRow<S> s0, SrcRow<S> s1, Row3<Zor8u, 2> d0, Row3<Zor8u, 2> d1, int width) {
     using Rule = RuleE420;
+    const D32 d32;
     const std::size_t n = hn::Lanes(D8()), half = n / 2;
     const V32 bias = lumaBias(kLumaRounded, kLumaRounded);
-    const V32 offCb = hn::Set(D32(), Rule::kOffsetCb), offCr = hn::Set(D32(), Rule::kOffsetCr);
+    const V32 offCb = hn::Set(d32, Rule::kOffsetCb), offCr = hn::Set(d32, Rule::kOffsetCr);
     std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        Rgb16 a[2], b[2];
-        VecSrc<S>::load(s0, i, a);
-        VecSrc<S>::load(s1, i, b);
-        for (std::size_t h = 0; h < 2; ++h) {
-            const std::size_t x = i + h * half;
-            storeLuma(luma(a[h], bias), d0.p[0] + x);
-            storeLuma(luma(b[h], bias), d1.p[0] + x);
-            const Rgb16 sum = a[h] + b[h];
-            storeChroma(hn::ShiftRight<Rule::kShift>(cbPairs(sum) + offCb), d0.p[Swap ? 2 : 1] + x / 2);
-            storeChroma(hn::ShiftRight<Rule::kShift>(crPairs(sum) + offCr), d0.p[Swap ? 1 : 2] + x / 2);
+    if constexpr (kHasUnits<S>) {
+        // Units of both rows: luma per pixel; the rows' samples added, then
+        // the pairs' (the sums of 2 x 2 blocks), then the chroma products.
+        const Units<S> units;
+        const Pack4 pack;
+        const std::size_t n32 = hn::Lanes(d32);
+        const V16 cbRG = pair(-9699, -19071), cbB = pair(28770, 0), crRG = pair(28770, -24117), crB = pair(-4653, 0);
+        for (; i + n <= static_cast<std::size_t>(width); i += n) {
+            V16 rg[2][4], bg[2][4];
+            for (int r = 0; r < 2; ++r) {
+                V32 y[4];
+                for (std::size_t k = 0; k < 4; ++k) {
+                    units.load(r ? s1.p : s0.p, i + k * n32, rg[r][k], bg[r][k]);
+                    y[k] = lumaUnit(rg[r][k], bg[r][k], bias);
+                }
+                hn::StoreU(pack(y[0], y[1], y[2], y[3]), D8(), (r ? d1 : d0).p[0] + i);
+            }
+            V32 c[4];
+            for (int h = 0; h < 2; ++h) {
+                const V16 prg = pairSums(rg[0][2 * h] + rg[1][2 * h], rg[0][2 * h + 1] + rg[1][2 * h + 1]);
+                const V16 pbg = pairSums(bg[0][2 * h] + bg[1][2 * h], bg[0][2 * h + 1] + bg[1][2 * h + 1]);
+                c[h] = hn::ShiftRight<Rule::kShift>(dot(prg, cbRG) + dot(pbg, cbB) + offCb);
+                c[2 + h] = hn::ShiftRight<Rule::kShift>(dot(prg, crRG) + dot(pbg, crB) + offCr);
+            }
+            const V8 chroma = pack(c[0], c[1], c[2], c[3]);
+            const hn::Half<D8> dh;
+            hn::StoreU(hn::LowerHalf(dh, chroma), dh, d0.p[Swap ? 2 : 1] + i / 2);
+            hn::StoreU(hn::UpperHalf(dh, chroma), dh, d0.p[Swap ? 1 : 2] + i / 2);
+        }
+    } else {
+        for (; i + n <= static_cast<std::size_t>(width); i += n) {
+            Rgb16 a[2], b[2];
+            VecSrc<S>::load(s0, i, a);
+            VecSrc<S>::load(s1, i, b);
+            for (std::size_t h = 0; h < 2; ++h) {
+                const std::size_t x = i + h * half;
+                storeLuma(luma(a[h], bias), d0.p[0] + x);
+                storeLuma(luma(b[h], bias), d1.p[0] + x);
+                const Rgb16 sum = a[h] + b[h];
+                storeChroma(hn::ShiftRight<Rule::kShift>(cbPairs(sum) + offCb), d0.p[Swap ? 2 : 1] + x / 2);
+                storeChroma(hn::ShiftRight<Rule::kShift>(crPairs(sum) + offCr), d0.p[Swap ? 1 : 2] + x / 2);
+            }
         }
     }
     ::zor::encode420<S, Swap>(S::advance(s0, i), S::advance(s1, i), advance(d0, i), advance(d1, i),
