@@ -174,6 +174,25 @@ struct Pack4 {
     }
 };
 
+// Two vectors of 32-bit lanes (values 0..65535) as the 16-bit words of a
+// then b: narrowed with signed saturation around 32768 (exact), per 128-bit
+// block on x86, and the blocks put back in order by 64-bit lanes.
+struct PackWords {
+    using D64 = hn::Repartition<std::uint64_t, D8>;
+    decltype(hn::IndicesFromVec(D64(), hn::Zero(D64()))) fix;
+    PackWords() {
+        const std::size_t nb = hn::Lanes(D64()) / 2;
+        alignas(64) std::uint64_t idx[64 / 8];
+        for (std::size_t m = 0; m < 2 * nb; ++m) idx[m] = m < nb ? 2 * m : 2 * (m - nb) + 1;
+        fix = hn::SetTableIndices(D64(), idx);
+    }
+    HWY_INLINE void store(V32 a, V32 b, std::uint8_t* p) const {
+        const V32 half = hn::Set(D32(), 32768);
+        const V16 w = hn::Xor(hn::ReorderDemote2To(D16(), a - half, b - half), hn::Set(D16(), -32768));
+        hn::StoreU(hn::BitCast(D8(), hn::TableLookupLanes(hn::BitCast(D64(), w), fix)), D8(), p);
+    }
+};
+
 // The pair sums of the 16-bit samples of two units (pixels 2k and 2k + 1 of
 // a then b), in pair order.
 HWY_INLINE V16 pairSums(V16 a, V16 b) {
