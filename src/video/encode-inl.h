@@ -1,14 +1,15 @@
 // Vector building blocks of the subsampled encoders (included once per
-// target, after hwy/foreach_target.h): the sources as 16-bit R, G, B in
-// pixel order, luma per pixel and chroma products per pair of pixels, on top
-// of the 16.16 pairwise products of video/vec-inl.h.
-//
-// Every source gives a whole vector of pixels per load as two chunks of
-// Lanes(D16) pixels. The chroma of a pair is the pairwise product of the
-// pixel-order lanes with one coefficient: lane k of dot(r, c) is
-// c (r[2k] + r[2k+1]), so the products of the channel sums come without a
-// shuffle, in pair order. Channel sums of up to four pixels are at most 1020
-// and every chroma sum stays below 2^26, far inside 32-bit lanes.
+// target, after hwy/foreach_target.h), on top of the 16.16 pairwise products
+// of video/vec-inl.h. Two forms of the source pixels:
+//   chunks  16-bit R, G, B in pixel order, Lanes(D16) pixels each (every
+//           source); lane k of dot(r, c) is c (r[2k] + r[2k+1]), so the
+//           products of a pair's channel sums come without a shuffle;
+//   units   Lanes(D32) pixels of an interleaved byte row, each pixel's R,G
+//           and B,G pairs in one 32-bit lane (one lane move and two byte
+//           shuffles per unit): luma per lane, and pair sums of two units by
+//           gathering their even and odd lanes.
+// Channel sums of up to four pixels are at most 1020 and every chroma sum
+// stays below 2^26, far inside 32-bit lanes.
 #if defined(ZOR_VIDEO_ENCODE_INL_H_) == defined(HWY_TARGET_TOGGLE)
 #ifdef ZOR_VIDEO_ENCODE_INL_H_
 #undef ZOR_VIDEO_ENCODE_INL_H_

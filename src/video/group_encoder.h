@@ -9,6 +9,7 @@
 #include "video/ycbcr.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace zor {
 
@@ -67,7 +68,9 @@ struct PackedBgr16 {
     static constexpr int kGreenBits = GreenBits;
 
     static void get(Row<void> r, std::ptrdiff_t i, int& red, int& green, int& blue) {
-        const unsigned w = r.p[i];
+        Zor16u word;  // copied: a row may start at any byte
+        std::memcpy(&word, r.p + i, sizeof word);
+        const unsigned w = word;
         red = static_cast<int>(((w >> (5 + GreenBits)) & 31u) << 3);
         green = static_cast<int>(((w >> 5) & ((1u << GreenBits) - 1)) << (8 - GreenBits));
         blue = static_cast<int>((w & 31u) << 3);
