@@ -34,7 +34,11 @@ using DU16 = hn::Repartition<std::uint16_t, D8>;
 using D8Q = hn::Rebind<std::uint8_t, D32>;  // one byte per 32-bit lane
 
 // 16-bit R, G, B of Lanes(D16) pixels in pixel order.
+// (Constructors of its own, so that they are compiled for the target: the
+// implicit ones would not be, where the baseline is not every target's.)
 struct Rgb16 {
+    HWY_INLINE Rgb16() {}
+    HWY_INLINE Rgb16(V16 r0, V16 g0, V16 b0) : r(r0), g(g0), b(b0) {}
     V16 r, g, b;
 };
 
