@@ -27,6 +27,13 @@
  *    results never depend on the team size unless a family says so.
  *  - No function keeps state between calls; any number of threads may call
  *    the library at once on distinct images.
+ *  - The library runs on any processor of its platform. Vector kernels are
+ *    built for several instruction sets (SSE4, AVX2, AVX-512 on x86-64; NEON
+ *    on 64-bit Arm) and the best one the processor supports is chosen once,
+ *    at the first call. Every instruction set gives the same results, bit for
+ *    bit. The environment variable ZOR_CPU=scalar|sse4|avx2|avx512 (neon on
+ *    Arm), read at that first call, caps the choice: the library uses the
+ *    best supported set not above the one named (scalar: plain C++ only).
  */
 #ifndef ZORCC_H
 #define ZORCC_H

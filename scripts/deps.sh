@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what a fresh Debian machine lacks to build and test zorcc.
 set -euo pipefail
-pkgs=(cmake g++ make pkg-config libgtest-dev libbenchmark-dev libpng-dev libcli11-dev libhwy-dev)
+pkgs=(cmake g++ make pkg-config libgtest-dev libbenchmark-dev libpng-dev libcli11-dev libhwy-dev g++-aarch64-linux-gnu)
 missing=()
 for p in "${pkgs[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -1,162 +1,139 @@
-// Chroma layout conversions of 8-bit subsampled YCbCr video.
+// Chroma layout conversions of 8-bit subsampled YCbCr video: the sides a
+// conversion reads and writes, the row kernels written once over them, and
+// the family's checks.
 //
-// Every picture, whatever its memory layout, is seen as three components
-// (Y, Cb, Cr). Its layout says where row r of each component starts and how
-// many bytes apart the component's samples lie:
-//   P3 (planar)        Y, Cb, Cr each a plane of their own, stride 1;
-//   P2 (semi-planar)   Y plane; Cb at byte 0 and Cr at byte 1 of the
-//                      interleaved chroma plane, stride 2;
-//   C2 (interleaved)   one plane; Y at the first luma byte of the pair with
-//                      stride 2, Cb and Cr at their byte of the pair with
-//                      stride 4 (4:2:2 only).
-// A member of the family is then a pair of such descriptions plus its
-// minimum size; the generic movers below do all the work.
+// A side says where the samples of one row lie, whatever the memory layout:
+//   PlanarSide<V, H>      Y, Cb, Cr planes (or Y, Cr, Cb), samples 1 byte
+//                         apart;
+//   SemiPlanarSide<V, H>  a Y plane and one plane of Cb Cr pairs, chroma
+//                         samples 2 bytes apart;
+//   PackedSide<Order>     one plane of 4:2:2 pixel pairs, luma samples 2 and
+//                         chroma samples 4 bytes apart.
+// Chroma row y >> V serves luma row y; one chroma sample serves H pixels.
+// The image argument of a side (ImageOf<L, T>) carries the same V and H, so
+// the row views hand the kernels rows of exactly this geometry.
 #pragma once
 
-#include <climits>
-#include <cstddef>
+#include "core/arith.h"
+#include "core/checks.h"
+#include "core/image.h"
+#include "video/pixels.h"
 
-#include "core/frame.h"
+#include <tuple>
+#include <type_traits>
 
 namespace zor {
 
-enum class Sub { k422, k420, k411 };
-
-// The planes of one picture: P3 Y, Cb, Cr (always in this order here);
-// P2 Y and the interleaved chroma plane; C2 the one plane.
-template <class T>
-struct Planes {
-    Plane<T> p[3];
+// Y0 Cr Y1 Cb, the packed order with the chroma swapped.
+struct OrderYCrCb {
+    static constexpr int kY0 = 0, kCr = 1, kY1 = 2, kCb = 3;
 };
 
-template <class T>
-struct CbCr {
-    T* cb;
-    T* cr;
-};
-
-// Layouts: subsampling, sample strides and where row y of each component
-// starts. Cr of a P2 or C2 row is addressed from the same row pointer as Cb,
-// so that the compiler sees the samples of one row as one group.
-template <Sub S>
-struct PlanarLayout {
-    static constexpr Sub kSub = S;
-    static constexpr int kYStride = 1, kCStride = 1;
+template <int V, int H, bool CrFirst = false>
+struct PlanarSide {
+    static constexpr int kV = V, kH = H, kLumaStride = 1, kChromaStride = 1;
     static constexpr bool kPacked = false;
     template <class T>
-    static T* luma(const Planes<T>& p, int y) {
-        return p.p[0].row(y);
-    }
+    using Image = P3<T, Steps::Three, V, H>;
     template <class T>
-    static CbCr<T> chroma(const Planes<T>& p, int r) {
-        return {p.p[1].row(r), p.p[2].row(r)};
-    }
+    static T* luma(Row3<T, H> r) { return r.p[0]; }
+    template <class T>
+    static T* cb(Row3<T, H> r) { return r.p[CrFirst ? 2 : 1]; }
+    template <class T>
+    static T* cr(Row3<T, H> r) { return r.p[CrFirst ? 1 : 2]; }
 };
 
-template <Sub S>
-struct SemiPlanarLayout {
-    static constexpr Sub kSub = S;
-    static constexpr int kYStride = 1, kCStride = 2;
+template <int V, int H>
+struct SemiPlanarSide {
+    static constexpr int kV = V, kH = H, kLumaStride = 1, kChromaStride = 2;
     static constexpr bool kPacked = false;
     template <class T>
-    static T* luma(const Planes<T>& p, int y) {
-        return p.p[0].row(y);
-    }
+    using Image = P2<T, V, H>;
     template <class T>
-    static CbCr<T> chroma(const Planes<T>& p, int r) {
-        T* c = p.p[1].row(r);
-        return {c, c + 1};
-    }
+    static T* luma(Row2<T, H> r) { return r.y; }
+    template <class T>
+    static T* cb(Row2<T, H> r) { return r.c; }
+    template <class T>
+    static T* cr(Row2<T, H> r) { return r.c + 1; }
 };
 
-// Byte positions of Y0, Cb and Cr in a C2 pixel pair (Y1 follows Y0 by 2).
-template <int Y0, int Cb, int Cr>
-struct PackedLayout {
-    static constexpr Sub kSub = Sub::k422;
-    static constexpr int kYStride = 2, kCStride = 4;
+template <class Order>
+struct PackedSide {
+    static_assert(Order::kY1 == Order::kY0 + 2, "the two luma bytes of a pair lie 2 bytes apart");
+    static constexpr int kV = 0, kH = 2, kLumaStride = 2, kChromaStride = 4;
     static constexpr bool kPacked = true;
-    static constexpr int kY = Y0, kCb = Cb, kCr = Cr;
+    static constexpr int kY0 = Order::kY0, kCb = Order::kCb, kCr = Order::kCr;
     template <class T>
-    static T* luma(const Planes<T>& p, int y) {
-        return p.p[0].row(y) + kY;
-    }
+    using Image = C<T, 2>;
     template <class T>
-    static CbCr<T> chroma(const Planes<T>& p, int r) {
-        T* row = p.p[0].row(r);
-        return {row + kCb, row + kCr};
-    }
+    static T* luma(RowC<T, 2> r) { return r.p + Order::kY0; }
+    template <class T>
+    static T* cb(RowC<T, 2> r) { return r.p + Order::kCb; }
+    template <class T>
+    static T* cr(RowC<T, 2> r) { return r.p + Order::kCr; }
 };
-using PackedYCbYCr = PackedLayout<0, 1, 3>;  // Y0 Cb Y1 Cr
-using PackedCbYCrY = PackedLayout<1, 0, 2>;  // Cb Y0 Cr Y1
-using PackedYCrYCb = PackedLayout<0, 3, 1>;  // Y0 Cr Y1 Cb
+
+using Planar422 = PlanarSide<0, 2>;
+using Planar420 = PlanarSide<1, 2>;
+using Planar411 = PlanarSide<0, 4>;
+using PlanarCr422 = PlanarSide<0, 2, true>;  // planes Y, Cr, Cb
+using PlanarCr420 = PlanarSide<1, 2, true>;
+using Semi420 = SemiPlanarSide<1, 2>;
+using Semi411 = SemiPlanarSide<0, 4>;
+using PackedYCbCr = PackedSide<OrderYCbCr>;
+using PackedCbYCr = PackedSide<OrderCbYCr>;
+using PackedYCrCb = PackedSide<OrderYCrCb>;
+
+template <class L, class T>
+using ImageOf = typename L::template Image<T>;
+template <class L, class T>
+using RowIn = typename ImageOf<L, T>::Row;
+
+// A run over source side S and destination side D takes exactly their images.
+template <class S, class D, class Images>
+inline constexpr bool kSidesMatch = std::is_same_v<Images, std::tuple<ImageOf<S, const Zor8u>, ImageOf<D, Zor8u>>>;
+
+// Argument groups of the export tables (see core/export.h).
+#define SRC_C2 IN_C(Zor8u, 2)
+#define DST_C2 OUT_C(Zor8u, 2)
+#define SRC_P3_422 IN_P3S(Zor8u, 0, 2)
+#define SRC_P3_420 IN_P3S(Zor8u, 1, 2)
+#define SRC_P3_411 IN_P3S(Zor8u, 0, 4)
+#define DST_P3_422 OUT_P3S(Zor8u, 0, 2)
+#define DST_P3_420 OUT_P3S(Zor8u, 1, 2)
+#define DST_P3_411 OUT_P3S(Zor8u, 0, 4)
+#define SRC_P2_420 IN_P2(Zor8u, 1, 2)
+#define SRC_P2_411 IN_P2(Zor8u, 0, 4)
+#define DST_P2_420 OUT_P2(Zor8u, 1, 2)
+#define DST_P2_411 OUT_P2(Zor8u, 0, 4)
 
 // ---------------------------------------------------------------------------
-// Arguments of the exported functions, by layout. Each knows how to test its
-// pointers (in argument order) and hands its planes to its layout.
+// Checks: the pointers (arrays and the planes in them), then the size.
 
-// Planar: array of three plane pointers in the layout's order and an array of
-// three steps. CrFirst: planes Y, Cr, Cb.
-template <class T, Sub S, bool CrFirst = false>
-struct LayoutP3 {
-    using Layout = PlanarLayout<S>;
-    T* const* planes;
-    const int* steps;
-    bool isNull() const { return planes == nullptr || anyNull(planes[0], planes[1], planes[2]); }
-    Planes<T> get() const {
-        const int b = CrFirst ? 2 : 1, r = CrFirst ? 1 : 2;
-        return {{plane(planes[0], steps[0]), plane(planes[b], steps[b]), plane(planes[r], steps[r])}};
+template <int W, int H>
+using LayoutChecks = Checks<check::Null<kOuter | kPlanes>, check::Size<W, H>>;
+using NoMinHeight = LayoutChecks<2, check::kAnyHeight>;
+using NoMinHeight411 = LayoutChecks<4, check::kAnyHeight>;
+
+// The planes of the source array, read without a test of the array itself.
+struct SourcePlanes {
+    template <class S, class... A>
+    static ZorStatus test(ZoriSize, const S& src, const A&...) {
+        const bool missing = src.planes[0] == nullptr || src.planes[1] == nullptr || src.planes[2] == nullptr;
+        return missing ? zorStsNullPtr : zorStsOk;
     }
 };
 
-// Semi-planar: a luma plane and one plane of interleaved Cb Cr pairs.
-template <class T, Sub S>
-struct LayoutP2 {
-    using Layout = SemiPlanarLayout<S>;
-    T* y;
-    int yStep;
-    T* c;
-    int cStep;
-    bool isNull() const { return anyNull(y, c); }
-    Planes<T> get() const { return {{plane(y, yStep), plane(c, cStep), plane(c, cStep)}}; }
-};
-
-// Interleaved 4:2:2: one pointer and one step.
-template <class T, class L>
-struct LayoutC2 {
-    using Layout = L;
-    T* p;
-    int step;
-    bool isNull() const { return p == nullptr; }
-    Planes<T> get() const { return {{plane(p, step), plane(p, step), plane(p, step)}}; }
-};
-
-template <Sub S, bool CrFirst = false>
-using SrcP3 = LayoutP3<const Zor8u, S, CrFirst>;
-template <Sub S, bool CrFirst = false>
-using DstP3 = LayoutP3<Zor8u, S, CrFirst>;
-template <Sub S>
-using SrcP2 = LayoutP2<const Zor8u, S>;
-template <Sub S>
-using DstP2 = LayoutP2<Zor8u, S>;
-template <class L>
-using SrcC2 = LayoutC2<const Zor8u, L>;
-template <class L>
-using DstC2 = LayoutC2<Zor8u, L>;
-
-// Minimum height of the members that have none: any height is accepted and a
-// height of zero or less converts no rows.
-constexpr int kNoMinHeight = INT_MIN;
-
 // ---------------------------------------------------------------------------
-// Row movers
+// Row kernels
 
 // Copies n bytes. Non-overlapping ranges are block-copied; overlapping ranges
 // are copied byte by byte in ascending address order.
 void copyRow(const Zor8u* src, Zor8u* dst, int n);
 
-// Moves n samples between two strided runs: dst[i*DS] = src[i*SS].
+// Moves n samples from a run SS bytes apart to a run DS bytes apart.
 template <int SS, int DS>
-inline void innerMoveSamples(const Zor8u* src, Zor8u* dst, int n) {
+inline void moveSamples(const Zor8u* src, Zor8u* dst, int n) {
     if constexpr (SS == 1 && DS == 1) {
         copyRow(src, dst, n);
     } else {
@@ -164,116 +141,151 @@ inline void innerMoveSamples(const Zor8u* src, Zor8u* dst, int n) {
     }
 }
 
-// Moves n chroma pairs. Source sample k of each component is taken at index
-// SM*k (stride SC bytes) and written to indexes DM*k .. DM*k + Rep - 1
-// (stride DC bytes). The four horizontal rules:
-//   same count      SM 1, DM 1, Rep 1
-//   decimation      SM 2, DM 1, Rep 1  (keep every other sample; a phase
-//                                       is applied by offsetting the source)
-//   replication     SM 1, DM 2, Rep 2  (write every sample twice)
-template <int SC, int DC, int SM, int DM, int Rep>
-inline void innerMoveChroma(CbCr<const Zor8u> s, CbCr<Zor8u> d, int n) {
-    for (int k = 0; k < n; ++k) {
-        const Zor8u b = s.cb[SM * k * SC];
-        const Zor8u r = s.cr[SM * k * SC];
+// The n chroma pairs of a destination row from source pairs phase, phase +
+// Step, ..., each written Rep times (4:2:2 -> 4:1:1 keeps the first of each
+// two, 4:1:1 -> 4:2:2 writes every pair twice). Cb and Cr go in one loop, so
+// that an interleaved destination is written in whole groups.
+template <class S, class D>
+inline void moveChroma(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int n, int phase = 0) {
+    constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
+    constexpr int Step = D::kH > S::kH ? D::kH / S::kH : 1, Rep = S::kH > D::kH ? S::kH / D::kH : 1;
+    const Zor8u *cb = S::cb(s) + phase * SC, *cr = S::cr(s) + phase * SC;
+    Zor8u *ob = D::cb(d), *orr = D::cr(d);
+    for (int k = 0; k < n / Rep; ++k) {
+        const Zor8u b = cb[Step * k * SC], r = cr[Step * k * SC];
         for (int i = 0; i < Rep; ++i) {
-            d.cb[(DM * k + i) * DC] = b;
-            d.cr[(DM * k + i) * DC] = r;
+            ob[(Rep * k + i) * DC] = b;
+            orr[(Rep * k + i) * DC] = r;
         }
     }
 }
 
-// Fills n chroma pairs of a row from two rows: even positions from the first,
-// odd positions from the second (4:1:1 rows 2j and 2j+1 into 4:2:0 row j).
-template <int SC, int DC>
-inline void innerMergeChroma(CbCr<const Zor8u> even, CbCr<const Zor8u> odd, CbCr<Zor8u> d, int n) {
-    for (int k = 0; k < n; ++k) {
-        d.cb[2 * k * DC] = even.cb[k * SC];
-        d.cr[2 * k * DC] = even.cr[k * SC];
-        d.cb[(2 * k + 1) * DC] = odd.cb[k * SC];
-        d.cr[(2 * k + 1) * DC] = odd.cr[k * SC];
-    }
-}
-
-// Writes one row of a C2 picture, n chroma samples each spread over Rep pixel
-// pairs (Rep 2: 4:1:1 chroma written twice), luma and chroma in one pass.
-template <class D, int SY, int SC, int Rep>
-inline void innerPackRow(const Zor8u* y, CbCr<const Zor8u> c, Zor8u* dst, int n) {
-    for (int k = 0; k < n; ++k) {
-        const Zor8u b = c.cb[k * SC];
-        const Zor8u r = c.cr[k * SC];
+// A packed 4:2:2 row written in one pass: pixel pairs 2p and 2p+1 get their
+// luma and the chroma of their pair (4:1:1 chroma serves two pairs).
+template <class S, class D>
+inline void packRow(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int width) {
+    constexpr int SY = S::kLumaStride, SC = S::kChromaStride, Rep = S::kH / 2;
+    const Zor8u *y = S::luma(s), *cb = S::cb(s), *cr = S::cr(s);
+    for (int k = 0; k < width / S::kH; ++k) {
+        const Zor8u b = cb[k * SC], r = cr[k * SC];
         for (int i = 0; i < Rep; ++i) {
-            const int pair = Rep * k + i;
-            Zor8u* o = dst + 4 * pair;
-            o[D::kY] = y[2 * pair * SY];
-            o[D::kY + 2] = y[(2 * pair + 1) * SY];
+            const int p = Rep * k + i;
+            Zor8u* o = d.p + 4 * p;
+            o[D::kY0] = y[2 * p * SY];
+            o[D::kY0 + 2] = y[(2 * p + 1) * SY];
             o[D::kCb] = b;
             o[D::kCr] = r;
         }
     }
 }
 
-// Converts a picture from one layout and subsampling to another by moving
-// samples only. The width is rounded down to a multiple of 4 when 4:1:1 is on
-// either side (else to even), the height to even when 4:2:0 is on either side.
-//
-// Luma row y is moved as it is. Chroma, per luma row y:
-//   the source chroma row is y/2 for 4:2:0 and y otherwise, likewise the
-//   destination row; a 4:2:0 destination fed from 4:2:2 or 4:2:0 takes the
-//   chroma of the even rows only; 4:2:2 -> 4:1:1 keeps the even samples;
-//   4:1:1 -> 4:2:2 writes every sample twice; 4:2:0 row j holds 4:1:1 rows
-//   2j (even positions) and 2j+1 (odd positions) in both directions.
+// Rows that stand alone (neither side 4:2:0): luma copied, chroma moved.
 template <class S, class D>
-void ownMoveLayout(const Planes<const Zor8u>& src, const Planes<Zor8u>& dst, ZoriSize roi) {
-    constexpr Sub A = S::kSub, B = D::kSub;
-    constexpr bool any411 = A == Sub::k411 || B == Sub::k411;
-    constexpr bool any420 = A == Sub::k420 || B == Sub::k420;
-    constexpr int SY = S::kYStride, DY = D::kYStride;
-    constexpr int SC = S::kCStride, DC = D::kCStride;
-
-    const int w = roi.width & (any411 ? ~3 : ~1);
-    const int h = any420 ? roi.height & ~1 : roi.height;
-    const int n = any411 ? w / 4 : w / 2;
-
-    serialRows(h, [&](int y) {
-        const int sr = A == Sub::k420 ? y >> 1 : y;
-        const int dr = B == Sub::k420 ? y >> 1 : y;
-        const Zor8u* sy = S::luma(src, y);
-        const CbCr<const Zor8u> sc = S::chroma(src, sr);
-        if constexpr (D::kPacked) {
-            // 4:2:2 destination: every row gets luma and chroma.
-            innerPackRow<D, SY, SC, A == Sub::k411 ? 2 : 1>(sy, sc, dst.p[0].row(y), n);
-            return;
-        }
-        innerMoveSamples<SY, DY>(sy, D::luma(dst, y), w);
-        if constexpr (B == Sub::k420) {
-            // One destination chroma row per row pair: from the even row
-            // (4:2:2, 4:2:0) or from both rows (4:1:1).
-            if (A == Sub::k411 ? (y & 1) == 0 : (y & 1) != 0) return;
-        }
-        const int phase = y & 1;
-        const CbCr<Zor8u> dc = D::chroma(dst, dr);
-        if constexpr (A == B || !any411) {
-            innerMoveChroma<SC, DC, 1, 1, 1>(sc, dc, n);
-        } else if constexpr (B == Sub::k411) {
-            const int p = A == Sub::k420 ? phase * SC : 0;
-            innerMoveChroma<SC, DC, 2, 1, 1>({sc.cb + p, sc.cr + p}, dc, n);
-        } else if constexpr (B == Sub::k422) {
-            innerMoveChroma<SC, DC, 1, 2, 2>(sc, dc, n);
-        } else {
-            innerMergeChroma<SC, DC>(S::chroma(src, y - 1), sc, dc, n);
-        }
-    });
+void moveRow(RowIn<S, const Zor8u> s, RowIn<D, Zor8u> d, int width) {
+    if constexpr (D::kPacked) {
+        packRow<S, D>(s, d, width);
+    } else {
+        moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s), D::luma(d), width);
+        moveChroma<S, D>(s, d, width / D::kH);
+    }
 }
 
-// Exported-function body of the plain members: pointers (source arguments,
-// then destination arguments), then the size, then the move.
-template <class Src, class Dst>
-ZorStatus ownConvertLayout(const Src& src, const Dst& dst, ZoriSize roi, int minWidth, int minHeight) {
-    if (src.isNull() || dst.isNull()) return zorStsNullPtr;
-    if (badSize(roi, minWidth, minHeight)) return zorStsBadSize;
-    ownMoveLayout<typename Src::Layout, typename Dst::Layout>(src.get(), dst.get(), roi);
-    return zorStsOk;
+// Row pairs (4:2:0 on a side): luma rows 2j and 2j+1 copied; a 4:2:0 source
+// gives the same chroma row for both rows, a 4:2:0 destination takes the
+// chroma of the even row only. 4:2:0 and 4:1:1 trade samples instead: the
+// even pairs of 4:2:0 row j are 4:1:1 row 2j, the odd pairs row 2j+1.
+template <class S, class D>
+void movePair(RowIn<S, const Zor8u> s0, RowIn<S, const Zor8u> s1, RowIn<D, Zor8u> d0, RowIn<D, Zor8u> d1,
+              int width) {
+    if constexpr (D::kPacked) {
+        packRow<S, D>(s0, d0, width);
+        packRow<S, D>(s1, d1, width);
+        return;
+    }
+    moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s0), D::luma(d0), width);
+    moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(s1), D::luma(d1), width);
+    const int n = width / D::kH;
+    if constexpr (S::kH == D::kH) {
+        moveChroma<S, D>(s0, d0, n);
+        if constexpr (D::kV == 0) moveChroma<S, D>(s1, d1, n);
+    } else if constexpr (S::kV == 1) {
+        moveChroma<S, D>(s0, d0, n, 0);
+        moveChroma<S, D>(s1, d1, n, 1);
+    } else {
+        constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
+        const Zor8u *b0 = S::cb(s0), *r0 = S::cr(s0), *b1 = S::cb(s1), *r1 = S::cr(s1);
+        Zor8u *ob = D::cb(d0), *orr = D::cr(d0);
+        for (int k = 0; k < n / 2; ++k) {
+            ob[2 * k * DC] = b0[k * SC];
+            orr[2 * k * DC] = r0[k * SC];
+            ob[(2 * k + 1) * DC] = b1[k * SC];
+            orr[(2 * k + 1) * DC] = r1[k * SC];
+        }
+    }
+}
+
+// Four-tap interpolation half-way between rows b and c.
+inline Zor8u fourTap(int a, int b, int c, int d) { return clampByte(asr(9 * (b + c) - a - d + 8, 4)); }
+
+template <int SC, int DC>
+inline void fourTapSamples(const Zor8u* a, const Zor8u* b, const Zor8u* c, const Zor8u* d, Zor8u* o, int n) {
+    for (int k = 0; k < n; ++k) o[k * DC] = fourTap(a[k * SC], b[k * SC], c[k * SC], d[k * SC]);
+}
+
+// An odd 4:2:2 row between 4:2:0 chroma rows: luma copied from `cur`, chroma
+// interpolated from the rows up, cur, down and down2.
+template <class S, class D>
+void interpolateRow(RowIn<S, const Zor8u> up, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> down,
+                    RowIn<S, const Zor8u> down2, RowIn<D, Zor8u> d, int width) {
+    constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
+    moveSamples<S::kLumaStride, D::kLumaStride>(S::luma(cur), D::luma(d), width);
+    fourTapSamples<SC, DC>(S::cb(up), S::cb(cur), S::cb(down), S::cb(down2), D::cb(d), width / 2);
+    fourTapSamples<SC, DC>(S::cr(up), S::cr(cur), S::cr(down), S::cr(down2), D::cr(d), width / 2);
+}
+
+// Deinterlacing taps: luma (above + 2 cur + below + Bias) >> 2 and chroma
+// (cur + below + Bias) >> 1, clamped to 255.
+template <int Bias>
+inline Zor8u lumaTap(int above, int cur, int below) { return clampByte((above + 2 * cur + below + Bias) >> 2); }
+template <int Bias>
+inline Zor8u chromaTap(int cur, int below) { return clampByte((cur + below + Bias) >> 1); }
+
+// The luma of one destination row from source rows above, cur and below.
+template <int Bias, class S, class D>
+void deinterlaceLuma(RowIn<S, const Zor8u> above, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below,
+                     RowIn<D, Zor8u> d, int width) {
+    const Zor8u *a = S::luma(above), *c = S::luma(cur), *b = S::luma(below);
+    Zor8u* o = D::luma(d);
+    for (int i = 0; i < width; ++i) o[i * D::kLumaStride] = lumaTap<Bias>(a[i], c[i], b[i]);
+}
+
+template <int Bias, int SC, int DC>
+inline void chromaTaps(const Zor8u* cur, const Zor8u* below, Zor8u* o, int n) {
+    for (int k = 0; k < n; ++k) o[k * DC] = chromaTap<Bias>(cur[k * SC], below[k * SC]);
+}
+
+// The chroma of one destination row from the chroma of source rows cur and
+// below.
+template <int Bias, class S, class D>
+void deinterlaceChroma(RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below, RowIn<D, Zor8u> d, int width) {
+    constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
+    chromaTaps<Bias, SC, DC>(S::cb(cur), S::cb(below), D::cb(d), width / 2);
+    chromaTaps<Bias, SC, DC>(S::cr(cur), S::cr(below), D::cr(d), width / 2);
+}
+
+// Both at once into a packed row, written in one pass.
+template <int LumaBias, int ChromaBias, class S, class D>
+void deinterlacePacked(RowIn<S, const Zor8u> above, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below,
+                       RowIn<S, const Zor8u> chromaBelow, RowIn<D, Zor8u> d, int width) {
+    constexpr int SC = S::kChromaStride;
+    const Zor8u *a = S::luma(above), *c = S::luma(cur), *b = S::luma(below);
+    for (int p = 0; p < width / 2; ++p) {
+        Zor8u* o = d.p + 4 * p;
+        o[D::kY0] = lumaTap<LumaBias>(a[2 * p], c[2 * p], b[2 * p]);
+        o[D::kY0 + 2] = lumaTap<LumaBias>(a[2 * p + 1], c[2 * p + 1], b[2 * p + 1]);
+        o[D::kCb] = chromaTap<ChromaBias>(S::cb(cur)[p * SC], S::cb(chromaBelow)[p * SC]);
+        o[D::kCr] = chromaTap<ChromaBias>(S::cr(cur)[p * SC], S::cr(chromaBelow)[p * SC]);
+    }
 }
 
 }  // namespace zor

@@ -53,7 +53,7 @@ struct Checks {
     template <class... A>
     static ZorStatus run(ZoriSize roi, const A&... a) {
         ZorStatus st = zorStsOk;
-        ((st = Step::test(roi, a...), st == zorStsOk) && ...);
+        (void)((st = Step::test(roi, a...), st == zorStsOk) && ...);
         return st;
     }
 };

@@ -38,9 +38,10 @@ Target fromName(const char* s) {
     return kTargetCount;
 }
 
-Target choose() {
-    Target limit = kTargetCount;
-    if (const char* env = std::getenv("ZOR_CPU")) limit = fromName(env);
+}  // namespace
+
+Target choose(const char* zorCpu) {
+    const Target limit = zorCpu != nullptr ? fromName(zorCpu) : kTargetCount;
     Target best = kScalar;
     for (int t = 0; t < kTargetCount; ++t) {
         const Target c = static_cast<Target>(t);
@@ -49,14 +50,14 @@ Target choose() {
     return best;
 }
 
+namespace {
 std::atomic<int> g_active{-1};
-
 }  // namespace
 
 Target active() {
     int t = g_active.load(std::memory_order_relaxed);
     if (t < 0) {
-        t = choose();
+        t = choose(std::getenv("ZOR_CPU"));
         g_active.store(t, std::memory_order_relaxed);
     }
     return static_cast<Target>(t);

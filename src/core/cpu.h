@@ -18,6 +18,10 @@ enum Target : int { kScalar = 0, kSse4, kAvx2, kAvx512, kNeon, kTargetCount };
 // The target that kernel sets use now.
 Target active();
 
+// The target chosen for a value of ZOR_CPU (null: not set): the best
+// available target not above the one named; an unknown name is ignored.
+Target choose(const char* zorCpu);
+
 // Name as ZOR_CPU spells it.
 const char* name(Target t);
 

@@ -12,6 +12,7 @@
 //   OUT_P3(...)              T* const pDst[3], int dstStep
 //   IO_P3(...)               T* const pSrcDst[3], int srcDstStep
 //   IN_P3S(...), OUT_P3S(...)  the same with const int step[3]
+//   IN_P4(T), OUT_P4(T)      four planes (colour and alpha), one step
 //   IN_P2(T[, V]), OUT_P2(T[, V])   luma pointer and step, chroma pointer and step
 //   IN_WHOLE_C(T, N), OUT_WHOLE_C(T, N)        packed images: no steps
 //   IN_WHOLE_P3(T, chromaWidth), OUT_WHOLE_P3(T, chromaWidth)
@@ -101,6 +102,11 @@ inline std::ptrdiff_t halfUp(ZoriSize s) { return s.width - s.width / 2; }
 #define ZOR_EXPR_IN_P3S(T, ...) ::zor::P3<const T, ::zor::Steps::Three, ##__VA_ARGS__>{pSrc, srcStep}
 #define ZOR_DECL_OUT_P3S(T, ...) T *const pDst[3], const int dstStep[3]
 #define ZOR_EXPR_OUT_P3S(T, ...) ::zor::P3<T, ::zor::Steps::Three, ##__VA_ARGS__>{pDst, dstStep}
+
+#define ZOR_DECL_IN_P4(T) const T *const pSrc[4], int srcStep
+#define ZOR_EXPR_IN_P4(T) ::zor::P4<const T>{pSrc, srcStep}
+#define ZOR_DECL_OUT_P4(T) T *const pDst[4], int dstStep
+#define ZOR_EXPR_OUT_P4(T) ::zor::P4<T>{pDst, dstStep}
 
 #define ZOR_DECL_IN_P2(T, ...) const T *pSrcY, int srcYStep, const T *pSrcCbCr, int srcCbCrStep
 #define ZOR_EXPR_IN_P2(T, ...) ::zor::P2<const T, ##__VA_ARGS__>{pSrcY, srcYStep, pSrcCbCr, srcCbCrStep}

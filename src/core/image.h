@@ -6,6 +6,7 @@
 //   P3<T, Steps>   three planes in the order of the model's name, with one
 //                  step for all planes or an array of three steps; chroma
 //                  planes may be subsampled vertically (V) and horizontally (H)
+//   P4<T>          four planes with one step (colour planes and alpha)
 //   P2<T>          a luma plane and one plane of interleaved chroma pairs
 //
 // An argument holds the pointers and steps exactly as the caller passed them,
@@ -167,6 +168,41 @@ struct P3 {
         }
         return v;
     }
+};
+
+// ---------------------------------------------------------------------------
+// Four planes with one step (colour planes and an alpha plane)
+
+template <class T>
+struct Row4 {
+    T* p[4];
+};
+
+template <class T, StepIn P = StepIn::Bytes>
+struct P4 {
+    using Sample = T;
+    using Row = Row4<T>;
+    static constexpr bool kImage = true;
+
+    T* const* planes;
+    std::ptrdiff_t step;  // in bytes, as passed
+
+    bool isNull(unsigned what) const {
+        if (planes == nullptr) return what & kOuter;
+        return (what & kPlanes) &&
+               (planes[0] == nullptr || planes[1] == nullptr || planes[2] == nullptr || planes[3] == nullptr);
+    }
+    bool badStep() const { return step < 1; }
+
+    struct View {
+        T* base[4];
+        std::ptrdiff_t s;
+        Row row(std::ptrdiff_t y) const {
+            return {{rowAt(base[0], s, y), rowAt(base[1], s, y), rowAt(base[2], s, y), rowAt(base[3], s, y)}};
+        }
+        bool contiguous(std::ptrdiff_t width) const { return s == width * static_cast<std::ptrdiff_t>(sizeof(T)); }
+    };
+    View view() const { return {{planes[0], planes[1], planes[2], planes[3]}, effectiveStep<T, P>(step)}; }
 };
 
 // ---------------------------------------------------------------------------

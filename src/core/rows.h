@@ -131,4 +131,16 @@ struct Rows {
     }
 };
 
+// A run whose kernel gets one value made once per call from the arguments
+// after the size (a matrix in the kernel's form, a table, a range): Prep is
+// built from their values and passed, by value, as the kernel's one extra.
+template <class Prep, class Run>
+struct Prepared {
+    template <class Images, class Extras>
+    static ZorStatus run(ZoriSize roi, const Images& images, const Extras& extras) {
+        const Prep p = std::apply([](const auto&... e) { return Prep(e.value()...); }, extras);
+        return Run::run(roi, images, std::make_tuple(Value<Prep>{p}));
+    }
+};
+
 }  // namespace zor

@@ -1,74 +1,219 @@
-// zoriReduceBits_*: argument checks and dispatch to the method workers.
-#include "core/frame.h"
-#include "reducebits/reducebits.h"
+// zoriReduceBits_*: the checks, the dispatch on the method and the runs of
+// the methods. Plain quantisation walks the rows serially with the steps in
+// bytes; the dither methods take the steps in whole elements. The ordered
+// dither is row-parallel. Error diffusion is parallel over channels instead:
+// a probe learns the number of threads T granted, then T sections each own
+// their error rows and a contiguous range of channels, walking all rows of
+// one channel before the next. Error rows are not cleared between the
+// channels of one section, so the first row of a channel receives the errors
+// of the last row of the channel before it: the result of a multi-channel
+// image depends on T.
+#include "core/export.h"
+#include "core/memory.h"
+#include "reducebits/kernels.h"
 
+#include <omp.h>
+
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace zor {
-
 namespace {
 
-template <class Tr>
-ZorStatus reduceBits(const typename Tr::Src* pSrc, int srcStep, typename Tr::Dst* pDst, int dstStep, ZoriSize roi,
-                     int noise, ZorDitherType dtype, int levels, int channelCode) {
-    if (anyNull(pSrc, pDst)) return zorStsNullPtr;
-    if (badSize(roi)) return zorStsBadSize;
-    if (noise < 0 || noise > 100) return zorStsNoiseRangeErr;
-    if (levels < 2 || levels > Tr::kMaxLevels) return zorStsLevelsRangeErr;
-    const int m = levels - 1;
-
-    // Callers may pass any int as the method; read it without assuming it is
-    // one of the enumerators.
-    int method;
-    static_assert(sizeof(method) == sizeof(dtype), "ZorDitherType is an int");
-    std::memcpy(&method, &dtype, sizeof(method));
-
-    const int w = roi.width;
-    const int h = roi.height;
-    const int ss = elementStep<typename Tr::Src>(srcStep);
-    const int ds = elementStep<typename Tr::Dst>(dstStep);
-    switch (method) {
-        case 0:
-            ownNo_PX<Tr>(pSrc, srcStep, pDst, dstStep, w, h, m, channelCode);
-            return zorStsOk;
-        case 1:
-            return ownReduceBits_fs<Tr>(pSrc, ss, pDst, ds, w, h, m, noise, channelCode);
-        case 2:
-        case 3:
-            return ownReduceBits_st_jj<Tr>(pSrc, ss, pDst, ds, w, h, m, noise, channelCode, method);
-        case 4:
-            return ownReduceBits_bayer<Tr>(pSrc, ss, pDst, ds, w, h, m, noise, channelCode);
-        default:
-            return zorStsOk;
-    }
+// The method as an int, read without assuming that it is one of the
+// enumerators: callers may pass any int.
+int ditherBits(const ZorDitherType& dtype) {
+    int v;
+    static_assert(sizeof(v) == sizeof(dtype), "ZorDitherType is an int");
+    std::memcpy(&v, &dtype, sizeof(v));
+    return v;
 }
 
-}  // namespace
+template <class Src, class Dst>
+using TraitsOf = RbTraits<std::remove_const_t<typename Src::Sample>, typename Dst::Sample>;
 
+// The arguments after the images are noise, method and levels.
+struct NoiseRange {
+    template <class S, class D, class... Rest>
+    static ZorStatus test(ZoriSize, const S&, const D&, const Value<int>& noise, const Rest&...) {
+        return noise.v < 0 || noise.v > 100 ? zorStsNoiseRangeErr : zorStsOk;
+    }
+};
+
+struct LevelsRange {
+    template <class S, class D>
+    static ZorStatus test(ZoriSize, const S&, const D&, const Value<int>&, const Value<int>&,
+                          const Value<int>& levels) {
+        return levels.v < 2 || levels.v > TraitsOf<S, D>::kMaxLevels ? zorStsLevelsRangeErr : zorStsOk;
+    }
+};
+
+using ReduceChecks = Checks<check::Null<kOuter>, check::Size<>, NoiseRange, LevelsRange>;
+
+// ---------------------------------------------------------------------------
+// Error diffusion
+
+// Threads granted to a region of the library's team size here (one inside an
+// active region when nesting is off).
+int grantedThreads() {
+    int granted = 1;
+    forRows<Parallel>(1, [&granted](int) { granted = omp_get_num_threads(); });
+    return granted;
+}
+
+template <class Tr, int Ch, class Method, class Src, class Dst, class Th>
+ZorStatus diffuseChannels(ZoriSize roi, const Src& srcImage, const Dst& dstImage, const Quant& q, const Th& th) {
+    const auto kernel = ScalarKernel<Method::template kernel<Tr, Src::kSamples, Th>>::resolve();
+    const auto src = srcImage.view();
+    const auto dst = dstImage.view();
+    const int team = teamSize();
+    // Three channels never use more than three sections, four channels one
+    // section per channel however many threads are granted.
+    const int sections = Ch > 1 ? std::min(grantedThreads(), Ch) : 1;
+    const std::int64_t rowLen = Method::rowLen(roi.width);
+    const std::int64_t sliceLen = Method::kRows * rowLen;
+    if (sliceLen * sections > INT32_MAX) return zorStsNoMemory;
+    Block<float> block(static_cast<int>(sliceLen * sections));
+    if (!block) return zorStsNoMemory;
+
+    // One section: clears its error rows, then runs channels [first, end).
+    const auto section = [&](int first, int end, float* slice) {
+        std::fill(slice, slice + sliceLen, 0.0f);
+        float* e[Method::kRows];
+        for (int i = 0; i < Method::kRows; ++i) e[i] = slice + i * rowLen + Method::kGuard;
+        for (int c = first; c < end; ++c)
+            forRows<Serial>(roi.height, [&](int y) {
+                kernel(src.row(y).p + c, dst.row(y).p + c, e, roi.width, y, q, th);
+                std::rotate(e, e + 1, e + Method::kRows);
+            });
+    };
+    if (sections == 1) {
+        section(0, Ch, block.get());
+        return zorStsOk;
+    }
+    // Channel ranges [b[s], b[s + 1]): two sections {0, 1} and the rest; three
+    // sections of four channels {0, 1}, {2}, {3}; otherwise one channel each.
+    static constexpr int kTwo[] = {0, 2, Ch}, kThreeOfFour[] = {0, 2, 3, 4}, kEach[] = {0, 1, 2, 3, 4};
+    const int* b = sections == 2 ? kTwo : sections == 3 && Ch == 4 ? kThreeOfFour : kEach;
+    const auto run = [&](int s) {
+        if (s < sections) section(b[s], b[s + 1], block.get() + sliceLen * s);
+    };
+#pragma omp parallel sections num_threads(team)
+    {
+#pragma omp section
+        run(0);
+#pragma omp section
+        run(1);
+#pragma omp section
+        run(2);
+#pragma omp section
+        run(3);
+    }
+    return zorStsOk;
+}
+
+// The noise variants round up when the residue exceeds a table value between
+// (50 - noise) and (50 + noise) percent of a step.
+template <class Tr, int Ch, class Method, class Src, class Dst>
+ZorStatus diffuse(ZoriSize roi, const Src& src, const Dst& dst, int m, int noise) {
+    const Quant q = Tr::quant(m);
+    if (noise == 0) return diffuseChannels<Tr, Ch, Method>(roi, src, dst, q, HalfStep{q.half});
+    NoiseTables tables;
+    const float low = static_cast<float>(50 - noise) * q.step / 100.0f;
+    const float high = static_cast<float>(50 + noise) * q.step / 100.0f;
+    if (tables.init(low, high) != zorStsOk) return zorStsNoMemory;
+    return diffuseChannels<Tr, Ch, Method>(roi, src, dst, q, NoiseThreshold{&tables});
+}
+
+// ---------------------------------------------------------------------------
+// Ordered dither: the matrix entry, plus noise between -noise and +noise
+// percent, times the step.
+template <class Tr, int Ch, class Images>
+ZorStatus bayer(ZoriSize roi, const Images& images, int m, int noise) {
+    constexpr int N = std::tuple_element_t<0, Images>::kSamples;
+    const Quant q = Tr::quant(m);
+    if (noise == 0) {
+        using K = ScalarKernel<&bayerRow<Tr, Ch, N, BayerMatrix>>;
+        const auto extras = std::make_tuple(Value<Quant>{q}, Value<BayerMatrix>{BayerMatrix(q.step)});
+        return Rows<Parallel, K, RowIndex>::run(roi, images, extras);
+    }
+    NoiseTables tables;
+    const float amount = static_cast<float>(noise) / 100.0f;
+    if (tables.init(-amount, amount) != zorStsOk) return zorStsNoMemory;
+    using K = ScalarKernel<&bayerRow<Tr, Ch, N, BayerNoise>>;
+    const auto extras = std::make_tuple(Value<Quant>{q}, Value<BayerNoise>{{&tables, q.step}});
+    return Rows<Parallel, K, RowIndex>::run(roi, images, extras);
+}
+
+// ---------------------------------------------------------------------------
+
+template <class T, int N>
+C<T, N, StepIn::Elements> inElements(const C<T, N>& image) {
+    return {image.p, image.step};
+}
+
+// Ch channels processed per pixel. Methods outside 0..4 do nothing.
+template <int Ch>
+struct Reduce {
+    template <class Images, class Extras>
+    static ZorStatus run(ZoriSize roi, const Images& images, const Extras& extras) {
+        const auto& [src, dst] = images;
+        using Tr = TraitsOf<std::decay_t<decltype(src)>, std::decay_t<decltype(dst)>>;
+        constexpr int N = std::decay_t<decltype(src)>::kSamples;
+        const auto& [noise, method, levels] = extras;
+        const int m = levels.v - 1;
+        const auto s = inElements(src);
+        const auto d = inElements(dst);
+        switch (method.v) {
+            case zorDitherNone:  // noise is ignored
+                return Rows<Serial, ScalarKernel<&plainRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<int>{m}));
+            case zorDitherFS: return diffuse<Tr, Ch, Fs>(roi, s, d, m, noise.v);
+            case zorDitherJJN: return diffuse<Tr, Ch, TwoRows<Jjn>>(roi, s, d, m, noise.v);
+            case zorDitherStucki: return diffuse<Tr, Ch, TwoRows<Stucki>>(roi, s, d, m, noise.v);
+            case zorDitherBayer: return bayer<Tr, Ch>(roi, std::make_tuple(s, d), m, noise.v);
+            default: return zorStsOk;
+        }
+    }
+};
+
+}  // namespace
 }  // namespace zor
 
-#define ZOR_RB_ENTRY(types, Tr, layout, code)                                                                   \
-    ZORCC_API ZorStatus zoriReduceBits_##types##_##layout(const zor::Tr::Src* pSrc, int srcStep,               \
-                                                          zor::Tr::Dst* pDst, int dstStep, ZoriSize roiSize,   \
-                                                          int noise, ZorDitherType dtype, int levels) {        \
-        return zor::reduceBits<zor::Tr>(pSrc, srcStep, pDst, dstStep, roiSize, noise, dtype, levels, code);     \
-    }
+using namespace zor;
 
-#define ZOR_RB_ENTRIES(types, Tr)       \
-    ZOR_RB_ENTRY(types, Tr, C1R, 1)     \
-    ZOR_RB_ENTRY(types, Tr, C3R, 3)     \
-    ZOR_RB_ENTRY(types, Tr, AC4R, 4)    \
-    ZOR_RB_ENTRY(types, Tr, C4R, 5)
+#define ZOR_DECL_DITHER ZorDitherType dtype
+#define ZOR_EXPR_DITHER ::zor::Value<int>{::zor::ditherBits(dtype)}
 
-extern "C" {
-
-ZOR_RB_ENTRIES(8u, Rb8u)
-ZOR_RB_ENTRIES(16u, Rb16u)
-ZOR_RB_ENTRIES(16s, Rb16s)
-ZOR_RB_ENTRIES(16u8u, Rb16u8u)
-ZOR_RB_ENTRIES(16s8u, Rb16s8u)
-ZOR_RB_ENTRIES(32f8u, Rb32f8u)
-ZOR_RB_ENTRIES(32f16u, Rb32f16u)
-ZOR_RB_ENTRIES(32f16s, Rb32f16s)
-
-}  // extern "C"
+ZOR_EXPORT(zoriReduceBits_8u_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor8u, 1), OUT_C(Zor8u, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_8u_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_8u_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_8u_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor16u, 1), OUT_C(Zor16u, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor16u, 3), OUT_C(Zor16u, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor16u, 4), OUT_C(Zor16u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor16u, 4), OUT_C(Zor16u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor16s, 1), OUT_C(Zor16s, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor16s, 3), OUT_C(Zor16s, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor16s, 4), OUT_C(Zor16s, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor16s, 4), OUT_C(Zor16s, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u8u_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor16u, 1), OUT_C(Zor8u, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u8u_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor16u, 3), OUT_C(Zor8u, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u8u_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor16u, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16u8u_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor16u, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s8u_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor16s, 1), OUT_C(Zor8u, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s8u_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor16s, 3), OUT_C(Zor8u, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s8u_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor16s, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_16s8u_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor16s, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f8u_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor32f, 1), OUT_C(Zor8u, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f8u_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor32f, 3), OUT_C(Zor8u, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f8u_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor32f, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f8u_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor32f, 4), OUT_C(Zor8u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16u_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor32f, 1), OUT_C(Zor16u, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16u_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor32f, 3), OUT_C(Zor16u, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16u_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor32f, 4), OUT_C(Zor16u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16u_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor32f, 4), OUT_C(Zor16u, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16s_C1R, (ReduceChecks), (Reduce<1>), IN_C(Zor32f, 1), OUT_C(Zor16s, 1), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16s_C3R, (ReduceChecks), (Reduce<3>), IN_C(Zor32f, 3), OUT_C(Zor16s, 3), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16s_AC4R, (ReduceChecks), (Reduce<3>), IN_C(Zor32f, 4), OUT_C(Zor16s, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))
+ZOR_EXPORT(zoriReduceBits_32f16s_C4R, (ReduceChecks), (Reduce<4>), IN_C(Zor32f, 4), OUT_C(Zor16s, 4), ROI, ARG(int, noise), DITHER, ARG(int, levels))

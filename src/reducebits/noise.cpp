@@ -1,20 +1,21 @@
 // Noise tables of the noise-added dither variants.
+#include "core/memory.h"
 #include "reducebits/reducebits.h"
 
 namespace zor {
 
 NoiseTables::~NoiseTables() {
-    zorsFree(index_);
-    zorsFree(thresh_);
+    alignedFree(index_);
+    alignedFree(thresh_);
 }
 
 // Threshold table first, then the index table; the generator states live only
-// while their table is filled. Any failure leaves nothing allocated for the
-// caller to release beyond what the destructor frees.
+// while their table is filled. On a failure the destructor releases what was
+// allocated.
 ZorStatus NoiseTables::init(float low, float high) {
-    thresh_ = zorsMalloc_32f(1024);
+    thresh_ = static_cast<Zor32f*>(alignedAlloc(1024, sizeof(Zor32f)));
     if (thresh_ == nullptr) return zorStsNoMemory;
-    index_ = zorsMalloc_16s(1024);
+    index_ = static_cast<Zor16s*>(alignedAlloc(1024, sizeof(Zor16s)));
     if (index_ == nullptr) return zorStsNoMemory;
 
     ZorRandUniState_16s* s16 = nullptr;

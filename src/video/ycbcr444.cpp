@@ -1,5 +1,5 @@
 // YCbCr and RGB at full chroma resolution (4:4:4), 8-bit, serial rows.
-#include "core/frame.h"
+#include "core/export.h"
 #include "video/ycbcr444_kernels.h"
 
 namespace zor {

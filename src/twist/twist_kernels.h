@@ -1,0 +1,80 @@
+// Row kernels of the colour twist: an affine 3x4 float matrix applied to
+// every three-channel pixel, a linear 4x4 one to four-channel float pixels.
+// Single-precision arithmetic in a fixed order (no fused multiply-add);
+// integer results are rounded to nearest with ties to even and saturated.
+#pragma once
+
+#include "twist/pixels3.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <type_traits>
+
+namespace zor {
+
+// The caller's matrix of R rows of four, copied once per call. Kernels take
+// it by value, so their stores cannot alias it.
+template <int R>
+struct Matrix {
+    float t[R][4];
+    explicit Matrix(const Zor32f (*m)[4]) {
+        for (int r = 0; r < R; ++r)
+            for (int c = 0; c < 4; ++c) t[r][c] = m[r][c];
+    }
+};
+
+// A result y as a sample of T. Floats are stored as they are. An integer type
+// [lo, hi] takes hi from y >= hi, lo from y <= lo and from NaN, and the
+// nearest integer, ties to even, in between.
+template <class T>
+inline T saturateRound(float y) {
+    if constexpr (std::is_same_v<T, Zor32f>) {
+        return y;
+    } else {
+        constexpr float lo = std::numeric_limits<T>::min();
+        constexpr float hi = std::numeric_limits<T>::max();
+        const float above = y > lo ? y : lo;  // NaN fails the test: lo
+        const float c = above < hi ? above : hi;
+        // Adding and removing 1.5 * 2^23 rounds any |c| <= 65535 to an integer
+        // with ties to even: the sum lies where floats are spaced by 1, and
+        // the subtraction is exact.
+        const float r = (c + 12582912.0f) - 12582912.0f;
+        return static_cast<T>(static_cast<std::int32_t>(r));
+    }
+}
+
+// One output channel: the constant is added right after the first product.
+inline float twistChannel(const float* t, float x0, float x1, float x2) {
+    return ((t[0] * x0 + t[3]) + t[1] * x1) + t[2] * x2;
+}
+
+// The 3x4 twist over layout L and samples T. All three inputs of a pixel are
+// read before any output is written, so in place gives the same result.
+template <class L, class T>
+void innerColorTwist(RowIn<L, const T> s, RowIn<L, T> d, int width, Matrix<3> m) {
+    for (std::ptrdiff_t i = 0; i < width; ++i) {
+        const float x0 = static_cast<float>(L::at(s, i, 0));
+        const float x1 = static_cast<float>(L::at(s, i, 1));
+        const float x2 = static_cast<float>(L::at(s, i, 2));
+        const float y0 = twistChannel(m.t[0], x0, x1, x2);
+        const float y1 = twistChannel(m.t[1], x0, x1, x2);
+        const float y2 = twistChannel(m.t[2], x0, x1, x2);
+        L::at(d, i, 0) = saturateRound<T>(y0);
+        L::at(d, i, 1) = saturateRound<T>(y1);
+        L::at(d, i, 2) = saturateRound<T>(y2);
+    }
+}
+
+// Four float channels through a 4x4 matrix without constants.
+inline void innerColorTwist_32f_C4R(RowC<const Zor32f, 4> s, RowC<Zor32f, 4> d, int width, Matrix<4> m) {
+    for (std::ptrdiff_t i = 0; i < width; ++i) {
+        const float* x = s.p + 4 * i;
+        float y[4];
+        for (int c = 0; c < 4; ++c)
+            y[c] = ((m.t[c][0] * x[0] + m.t[c][1] * x[1]) + m.t[c][2] * x[2]) + m.t[c][3] * x[3];
+        for (int c = 0; c < 4; ++c) d.p[4 * i + c] = y[c];
+    }
+}
+
+}  // namespace zor
