@@ -8,7 +8,8 @@
 // kernel may touch:
 //   - random rows of every width 1..300, each twice: ending right before an
 //     inaccessible page (a read one byte too far faults), and at a start
-//     offset 0..63 from a 64-byte boundary in an allocation of exactly that
+//     offset 0..63 from a 64-byte boundary (rounded down to a whole sample)
+//     in an allocation of exactly that
 //     size (the address sanitizer catches a stray byte there);
 //   - exhaustively, where one input row holds at most 2^24 distinct pixels
 //     (three 8-bit samples, or one 16-bit word): one row holding every input.
@@ -149,9 +150,11 @@ template <class Rows, std::size_t... I>
 RunBuffers allocate(std::size_t w, PlacedBytes::Placement where, int offset, std::index_sequence<I...>) {
     RunBuffers b;
     const auto add = [&](auto geometry, std::vector<std::size_t> sizes) {
+        // Rows of wider samples start on a whole sample, as callers' rows do.
+        constexpr int kSample = static_cast<int>(sizeof(typename decltype(geometry)::Sample));
         b.firstPlaneOfRow.push_back(b.planes.size());
         for (std::size_t s : sizes) {
-            b.planes.push_back(std::make_unique<PlacedBytes>(s, where, offset));
+            b.planes.push_back(std::make_unique<PlacedBytes>(s, where, offset - offset % kSample));
             b.input.push_back(decltype(geometry)::kInput);
         }
     };
