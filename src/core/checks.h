@@ -62,6 +62,11 @@ struct Checks {
 // plane pointers inside the arrays.
 using StandardChecks = Checks<check::Null<kOuter | kStepArray>, check::Size<>, check::Null<kPlanes>>;
 
+// The order of the members that test the plane pointers (and the array of
+// steps) with the outer pointers, before the size; W x H is their minimum.
+template <int W = 1, int H = 1>
+using PlanesFirstChecks = Checks<check::Null<kOuter | kStepArray | kPlanes>, check::Size<W, H>>;
+
 // A conversion that works in whole groups of GW x GH pixels converts the
 // region rounded down to them. When Warn is set it reports a dropped column
 // or row with zorStsOddSizeWarning after the work.

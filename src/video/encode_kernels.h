@@ -172,10 +172,6 @@ using EncodeK = KernelSet<Member, encodeTables>;
 // ---------------------------------------------------------------------------
 // How the exported encoders check and run (serial rows).
 
-// The BGR and packed-word members test their planes (and the array of steps)
-// with the outer pointers, before the size; their minimum is a whole group.
-template <int W, int H>
-using PlanesFirst = Checks<check::Null<kOuter | kStepArray | kPlanes>, check::Size<W, H>>;
 
 template <auto M>
 using Run = Rows<Serial, EncodeK<M>>;

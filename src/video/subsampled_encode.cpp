@@ -26,18 +26,18 @@ ZOR_EXPORT(zoriRGBToCbYCr422_8u_C3C2R, (StandardChecks), (Run<&K::rgbFiltered>),
 ZOR_EXPORT(zoriRGBToCbYCr422Gamma_8u_C3C2R, (StepsLast), (Run<&K::rgbGammaFiltered>), IN_C(Zor8u, 3), OUT_C(Zor8u, 2), ROI)
 
 // BGR to 4:2:2 with chroma bias one eighth.
-ZOR_EXPORT(zoriBGRToYCbCr422_8u_C3C2R, (PlanesFirst<2, 1>), (Run422<&K::bgrTo422C2>), IN_C(Zor8u, 3), OUT_C(Zor8u, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCbCr422_8u_AC4C2R, (PlanesFirst<2, 1>), (Run422<&K::bgraTo422C2>), IN_C(Zor8u, 4), OUT_C(Zor8u, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCbCr422_8u_C3P3R, (PlanesFirst<2, 1>), (Run422<&K::bgrTo422P3>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 0, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCbCr422_8u_AC4P3R, (PlanesFirst<2, 1>), (Run422<&K::bgraTo422P3>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 0, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr422_8u_C3C2R, (PlanesFirstChecks<2, 1>), (Run422<&K::bgrTo422C2>), IN_C(Zor8u, 3), OUT_C(Zor8u, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr422_8u_AC4C2R, (PlanesFirstChecks<2, 1>), (Run422<&K::bgraTo422C2>), IN_C(Zor8u, 4), OUT_C(Zor8u, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr422_8u_C3P3R, (PlanesFirstChecks<2, 1>), (Run422<&K::bgrTo422P3>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 0, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr422_8u_AC4P3R, (PlanesFirstChecks<2, 1>), (Run422<&K::bgraTo422P3>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 0, 2), ROI)
 
 // 4:2:0: the RGB member tests its planes after the size and accepts any
 // size of at least 1 x 1; every member warns when a column or row is left.
 ZOR_EXPORT(zoriRGBToYCbCr420_8u_C3P3R, (StandardChecks), (Run420<&K::rgbTo420, true>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 1, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCbCr420_8u_C3P3R, (PlanesFirst<2, 2>), (Run420<&K::bgrTo420, true>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 1, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCbCr420_8u_AC4P3R, (PlanesFirst<2, 2>), (Run420<&K::bgraTo420, true>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 1, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCrCb420_8u_C3P3R, (PlanesFirst<2, 2>), (Run420<&K::bgrToYCrCb420, true>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 1, 2), ROI)
-ZOR_EXPORT(zoriBGRToYCrCb420_8u_AC4P3R, (PlanesFirst<2, 2>), (Run420<&K::bgraToYCrCb420, true>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 1, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr420_8u_C3P3R, (PlanesFirstChecks<2, 2>), (Run420<&K::bgrTo420, true>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 1, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr420_8u_AC4P3R, (PlanesFirstChecks<2, 2>), (Run420<&K::bgraTo420, true>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 1, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCrCb420_8u_C3P3R, (PlanesFirstChecks<2, 2>), (Run420<&K::bgrToYCrCb420, true>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 1, 2), ROI)
+ZOR_EXPORT(zoriBGRToYCrCb420_8u_AC4P3R, (PlanesFirstChecks<2, 2>), (Run420<&K::bgraToYCrCb420, true>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 1, 2), ROI)
 
-ZOR_EXPORT(zoriBGRToYCbCr411_8u_C3P3R, (PlanesFirst<4, 1>), (Run411<&K::bgrTo411>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 0, 4), ROI)
-ZOR_EXPORT(zoriBGRToYCbCr411_8u_AC4P3R, (PlanesFirst<4, 1>), (Run411<&K::bgraTo411>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 0, 4), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr411_8u_C3P3R, (PlanesFirstChecks<4, 1>), (Run411<&K::bgrTo411>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 0, 4), ROI)
+ZOR_EXPORT(zoriBGRToYCbCr411_8u_AC4P3R, (PlanesFirstChecks<4, 1>), (Run411<&K::bgraTo411>), IN_C(Zor8u, 4), OUT_P3S(Zor8u, 0, 4), ROI)

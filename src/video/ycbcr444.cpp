@@ -5,9 +5,6 @@
 namespace zor {
 namespace {
 
-// The BGR decoders test their planes with the outer pointers, before the size.
-using PlanesFirst = Checks<check::Null<kOuter | kPlanes>, check::Size<>>;
-
 // Every pixel stands alone, so contiguous images go as one long row.
 template <auto M, class... Opt>
 using Run = Rows<Serial, YCbCr444K<M>, Fuse<1>, Opt...>;
@@ -17,6 +14,7 @@ using Run = Rows<Serial, YCbCr444K<M>, Fuse<1>, Opt...>;
 
 using namespace zor;
 
+// The BGR decoders test their planes with the outer pointers, before the size.
 ZOR_EXPORT(zoriRGBToYCbCr_8u_C3R, (StandardChecks), (Run<&YCbCr444Kernels::encodeC3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
 ZOR_EXPORT(zoriRGBToYCbCr_8u_AC4R, (StandardChecks), (Run<&YCbCr444Kernels::encodeAC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
 ZOR_EXPORT(zoriRGBToYCbCr_8u_P3R, (StandardChecks), (Run<&YCbCr444Kernels::encodeP3>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
@@ -24,5 +22,5 @@ ZOR_EXPORT(zoriYCbCrToRGB_8u_C3R, (StandardChecks), (Run<&YCbCr444Kernels::decod
 ZOR_EXPORT(zoriYCbCrToRGB_8u_AC4R, (StandardChecks), (Run<&YCbCr444Kernels::decodeAAC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
 ZOR_EXPORT(zoriYCbCrToRGB_8u_P3R, (StandardChecks), (Run<&YCbCr444Kernels::decodeAP3>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
 ZOR_EXPORT(zoriYCbCrToRGB_8u_P3C3R, (StandardChecks), (Run<&YCbCr444Kernels::decodeBP3C3>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C3R, (PlanesFirst), (Run<&YCbCr444Kernels::decodeBP3Bgr>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C4R, (PlanesFirst), (Run<&YCbCr444Kernels::decodeBP3BgrC4>), IN_P3(Zor8u), OUT_C(Zor8u, 4), ROI, ARG(Zor8u, aval))
+ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C3R, (PlanesFirstChecks<>), (Run<&YCbCr444Kernels::decodeBP3Bgr>), IN_P3(Zor8u), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYCbCrToBGR_8u_P3C4R, (PlanesFirstChecks<>), (Run<&YCbCr444Kernels::decodeBP3BgrC4>), IN_P3(Zor8u), OUT_C(Zor8u, 4), ROI, ARG(Zor8u, aval))

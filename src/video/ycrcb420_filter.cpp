@@ -9,7 +9,7 @@ namespace zor {
 namespace {
 
 // Every pointer and plane before the size; at least 2 x 8 pixels.
-using FilterChecks = Checks<check::Null<kOuter | kStepArray | kPlanes>, check::Size<2, 8>>;
+using FilterChecks = PlanesFirstChecks<2, 8>;
 
 // The region in whole pixel pairs and whole groups of eight rows; the rest is
 // left alone with a warning. Row y of the output takes the chroma of
