@@ -94,12 +94,6 @@ struct Shared {
     }
 };
 
-// The decoders' byte saturation: the 1000-entry table of the video family
-// (entry i holds i - 370 clamped to 0..255); every intermediate of the
-// decoders lies in -370..629. A table read is the cheapest clamp in the
-// scalar kernels; the bytes are those of clampByte.
-inline Zor8u saturate(std::int32_t v) { return ByteSaturation<370, 629>::at(v); }
-
 // Decoders as types: a 16.16 constant set, or the decoder with four extra
 // fraction bits. decode gives the unclamped R, G, B of one pixel.
 template <const Decoder& K>

@@ -75,6 +75,13 @@ struct Rgb32 {
     std::int32_t r, g, b;
 };
 
+// The decoders' byte saturation: the 1000-entry table of the family (entry i
+// holds i - 370 clamped to 0..255); every intermediate of the decoders lies in
+// -370..629. A table read is the cheapest clamp in the scalar kernels; the
+// bytes are those of clampByte, which the vector kernels get from saturating
+// narrowing.
+inline Zor8u saturate(std::int32_t v) { return ByteSaturation<370, 629>::at(v); }
+
 // Unclamped R, G, B of one pixel.
 inline constexpr Rgb32 decode(const Decoder& k, int y, int u, int v) {
     const std::int32_t luma = k.kY * y;

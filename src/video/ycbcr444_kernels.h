@@ -31,7 +31,7 @@ void decode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fi
         int y, u, v;
         S::get(s, i, y, u, v);
         const Rgb32 c = decode(K, y, u, v);
-        D::put(d, i, clampByte(c.r), clampByte(c.g), clampByte(c.b), fill...);
+        D::put(d, i, saturate(c.r), saturate(c.g), saturate(c.b), fill...);
     }
 }
 
