@@ -43,3 +43,16 @@ struct ScalarKernel {
 // scalar kernel where the target has no vector kernel of that name).
 #define ZOR_KERNEL_MEMBER(name, fn, args) decltype(&fn<ZOR_STRIP args>) name;
 #define ZOR_KERNEL_POINTER(name, fn, args) &fn<ZOR_STRIP args>,
+
+// A family's kernel table from its shape list: the struct Table with one
+// member per shape, its scalar table, the function (defined with the vector
+// kernels, by ZOR_TARGET_TABLES) that gives the tables by target, and the
+// alias K<&Table::member> of a shape's kernel set.
+#define ZOR_KERNEL_TABLE(Table, LIST, scalarTable, tablesFn, K) \
+    struct Table {                                              \
+        LIST(ZOR_KERNEL_MEMBER)                                 \
+    };                                                          \
+    inline constexpr Table scalarTable = {LIST(ZOR_KERNEL_POINTER)}; \
+    const Table* const* tablesFn();                             \
+    template <auto Member>                                      \
+    using K = KernelSet<Member, tablesFn>;

@@ -43,16 +43,6 @@ ZOR_PLAIN_LOOP void halfwayRow(RowC<const T, 1> r0, RowC<const T, 1> r1, RowC<co
     X(planar422BgrC4, decodeShared, (kSetB, Shared<2>, PixBgrC4, Zor8u))            \
     X(halfway, halfwayRow, (Zor8u))
 
-struct DecodeKernels {
-    ZOR_DECODE_KERNELS(ZOR_KERNEL_MEMBER)
-};
-
-inline constexpr DecodeKernels kDecodeScalar = {ZOR_DECODE_KERNELS(ZOR_KERNEL_POINTER)};
-
-// The tables by target (scalar first); defined with the vector kernels.
-const DecodeKernels* const* decodeTables();
-
-template <auto Member>
-using DecodeK = KernelSet<Member, decodeTables>;
+ZOR_KERNEL_TABLE(DecodeKernels, ZOR_DECODE_KERNELS, kDecodeScalar, decodeTables, DecodeK)
 
 }  // namespace zor

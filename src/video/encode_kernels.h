@@ -157,17 +157,7 @@ void encode411(SrcRow<S> s, Row3<Zor8u, 4> d, int width) {
     X(bgr565To411, encode411, (PixBgr565))                              \
     X(bgr555To411, encode411, (PixBgr555))
 
-struct EncodeKernels {
-    ZOR_ENCODE_KERNELS(ZOR_KERNEL_MEMBER)
-};
-
-inline constexpr EncodeKernels kEncodeScalar = {ZOR_ENCODE_KERNELS(ZOR_KERNEL_POINTER)};
-
-// The tables by target (scalar first); defined with the vector kernels.
-const EncodeKernels* const* encodeTables();
-
-template <auto Member>
-using EncodeK = KernelSet<Member, encodeTables>;
+ZOR_KERNEL_TABLE(EncodeKernels, ZOR_ENCODE_KERNELS, kEncodeScalar, encodeTables, EncodeK)
 
 // ---------------------------------------------------------------------------
 // How the exported encoders check and run (serial rows).

@@ -103,16 +103,6 @@ ZOR_PLAIN_LOOP void toPacked16(RowOf<S, const Zor8u> s, RowC<Zor16u, 1> d, int w
     X(p411BGR565, toPacked16, (DecodeSet<kSetARounded>, Shared<4>, BGR565))                                          \
     X(p411BGR555, toPacked16, (DecodeSet<kSetARounded>, Shared<4>, BGR555))
 
-struct Packed16Kernels {
-    ZOR_PACKED16_KERNELS(ZOR_KERNEL_MEMBER)
-};
-
-inline constexpr Packed16Kernels kPacked16Scalar = {ZOR_PACKED16_KERNELS(ZOR_KERNEL_POINTER)};
-
-// The tables by target (scalar first); defined with the vector kernels.
-const Packed16Kernels* const* packed16Tables();
-
-template <auto Member>
-using Packed16K = KernelSet<Member, packed16Tables>;
+ZOR_KERNEL_TABLE(Packed16Kernels, ZOR_PACKED16_KERNELS, kPacked16Scalar, packed16Tables, Packed16K)
 
 }  // namespace zor

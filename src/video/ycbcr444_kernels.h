@@ -49,16 +49,6 @@ void decode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width, Fill... fi
     X(decodeBP3Bgr, decode444, (kSetB, PixP3, PixBgrC3))             \
     X(decodeBP3BgrC4, decode444, (kSetB, PixP3, PixBgrC4, Zor8u))
 
-struct YCbCr444Kernels {
-    ZOR_YCBCR444_KERNELS(ZOR_KERNEL_MEMBER)
-};
-
-inline constexpr YCbCr444Kernels kYCbCr444Scalar = {ZOR_YCBCR444_KERNELS(ZOR_KERNEL_POINTER)};
-
-// The tables by target (scalar first); defined with the vector kernels.
-const YCbCr444Kernels* const* ycbcr444Tables();
-
-template <auto Member>
-using YCbCr444K = KernelSet<Member, ycbcr444Tables>;
+ZOR_KERNEL_TABLE(YCbCr444Kernels, ZOR_YCBCR444_KERNELS, kYCbCr444Scalar, ycbcr444Tables, YCbCr444K)
 
 }  // namespace zor
