@@ -1,0 +1,15 @@
+// The 4:4:4 YUV vector kernels against their scalar kernels at every CPU
+// target, over every input pixel.
+#include "support/kernel_harness.h"
+#include "video/yuv_kernels.h"
+
+namespace {
+
+#define ZOR_SHAPE_TEST(name, fn, args)                                                 \
+    TEST(YuvKernelSetsExhaustive, name) {                                              \
+        if (!zt::hasExhaustiveDomain<decltype(zor::YuvKernels::name)>()) GTEST_SKIP(); \
+        zt::expectVectorsMatchScalar(zor::yuvTables, &zor::YuvKernels::name, true);    \
+    }
+ZOR_YUV_KERNELS(ZOR_SHAPE_TEST)
+
+}  // namespace
