@@ -29,70 +29,91 @@ HWY_INLINE void loadPixels(D d, const T* p, hn::Vec<D>& c0, hn::Vec<D>& c1, hn::
 }
 
 using D8 = hn::ScalableTag<std::uint8_t>;
-using DH8 = hn::Half<D8>;
 using V8 = hn::Vec<D8>;
 using D16 = hn::Repartition<std::int16_t, D8>;
 using DU16 = hn::Repartition<std::uint16_t, D8>;
 using V16 = hn::Vec<D16>;
+using VU16 = hn::Vec<DU16>;
 using D32 = hn::Repartition<std::int32_t, D8>;
 using DU32 = hn::Repartition<std::uint32_t, D8>;
-using V32 = hn::Vec<D32>;
+using VU32 = hn::Vec<DU32>;
 
-HWY_INLINE V16 half16(V8 v, int h) { return hn::PromoteTo(D16(), h ? hn::UpperHalf(DH8(), v) : hn::LowerHalf(DH8(), v)); }
+// 8u. Only bits 12..19 of the unsigned product sum are kept, so the weights
+// count modulo 2^20: up to 32767 they are 16-bit coefficients as they stand
+// (the defaults, and caller weights from 0 to 8), others are split into
+// 4096 high + low with both parts below 4096, and low + 4096 high is summed
+// modulo 2^32. The sums of 16-bit products stay below 2^31.
+struct GrayCoefficients {
+    V16 k01, k2Low, k2High;  // (w0, w1) pairs; w2 in the lower or upper half
+    explicit GrayCoefficients(std::uint32_t w0, std::uint32_t w1, std::uint32_t w2) {
+        const DU32 du32;
+        k01 = hn::BitCast(D16(), hn::Set(du32, w0 | (w1 << 16)));
+        k2Low = hn::BitCast(D16(), hn::Set(du32, w2));
+        k2High = hn::BitCast(D16(), hn::Set(du32, w2 << 16));
+    }
+};
 
-// 8u weights up to 32767 (the defaults, and caller weights from 0 to 8):
-// pairwise products of 16-bit lanes, (c0, c1) and (c2, 0), whose sums stay
-// below 2^31. The sums come in the order of the interleaves, which the
-// narrowing undoes.
-HWY_INLINE V16 grayPairwise(V16 a, V16 b, V16 c, V16 k01, V16 k2) {
-    const D16 d16;
+// Each 32-bit lane k works on pixels 4k .. 4k + 3: the even and odd bytes of
+// the channel vectors hold pixels 4k + {0, 2} and 4k + {1, 3} in 16-bit
+// halves, so the sums of the four pixels come without moving lanes, and bits
+// 12..19 of each sum go straight into the pixel's byte of the lane.
+template <bool kSplit>
+HWY_INLINE V8 gray8Vector(V8 a, V8 b, V8 c, const GrayCoefficients& low, const GrayCoefficients& high) {
+    const DU16 du16;
+    const DU32 du32;
     const D32 d32;
-    const auto dot = [d32](V16 x, V16 k) {
-        V32 odd = hn::Zero(d32);
-        const V32 even = hn::ReorderWidenMulAccumulate(d32, x, k, hn::Zero(d32), odd);
-        return hn::RearrangeToOddPlusEven(even, odd);
+    const auto dot = [d32, du32](VU16 x, V16 k) {
+        auto odd = hn::Zero(d32);
+        const auto even = hn::ReorderWidenMulAccumulate(d32, hn::BitCast(D16(), x), k, hn::Zero(d32), odd);
+        return hn::BitCast(du32, hn::RearrangeToOddPlusEven(even, odd));
     };
-    const V16 zero = hn::Zero(d16);
-    const V32 lo = dot(hn::InterleaveLower(d16, a, b), k01) + dot(hn::InterleaveLower(d16, c, zero), k2);
-    const V32 hi = dot(hn::InterleaveUpper(d16, a, b), k01) + dot(hn::InterleaveUpper(d16, c, zero), k2);
-    const V32 low8 = hn::Set(d32, 255);
-    return hn::ReorderDemote2To(d16, hn::And(hn::ShiftRight<12>(lo), low8), hn::And(hn::ShiftRight<12>(hi), low8));
+    const auto asU32 = [du32](VU16 v) { return hn::BitCast(du32, v); };
+    const auto even = [du16](V8 v) { return hn::And(hn::BitCast(du16, v), hn::Set(du16, 0xFF)); };
+    const auto odd = [du16](V8 v) { return hn::ShiftRight<8>(hn::BitCast(du16, v)); };
+    // Pixels 4k + h (lower halves) and 4k + 2 + h (upper halves) of the
+    // channels of parity h.
+    const auto sums = [&](VU16 xa, VU16 xb, VU16 xc, VU32& lower, VU32& upper) {
+        const VU16 abLower = hn::OddEven(hn::BitCast(du16, hn::ShiftLeft<16>(asU32(xb))), xa);
+        const VU16 abUpper = hn::OddEven(xb, hn::BitCast(du16, hn::ShiftRight<16>(asU32(xa))));
+        lower = dot(abLower, low.k01) + dot(xc, low.k2Low);
+        upper = dot(abUpper, low.k01) + dot(xc, low.k2High);
+        if constexpr (kSplit) {
+            lower = lower + hn::ShiftLeft<12>(dot(abLower, high.k01) + dot(xc, high.k2Low));
+            upper = upper + hn::ShiftLeft<12>(dot(abUpper, high.k01) + dot(xc, high.k2High));
+        }
+    };
+    VU32 s0, s1, s2, s3;
+    sums(even(a), even(b), even(c), s0, s2);
+    sums(odd(a), odd(b), odd(c), s1, s3);
+    const auto bytes = [](VU32 hi, VU32 lo) { return hn::OddEven(hn::BitCast(D8(), hi), hn::BitCast(D8(), lo)); };
+    const V8 b01 = bytes(hn::ShiftRight<4>(s1), hn::ShiftRight<12>(s0));
+    const V8 b23 = bytes(hn::ShiftLeft<12>(s3), hn::ShiftLeft<4>(s2));
+    return hn::BitCast(D8(), hn::OddEven(hn::BitCast(du16, b23), hn::BitCast(du16, b01)));
 }
 
-// 8u, any weights: unsigned 32-bit products that wrap as the scalar sum does.
-HWY_INLINE V16 grayWrapping(V16 a, V16 b, V16 c, const GrayWeights<Zor8u>& k) {
-    const D16 d16;
-    const DU32 du32;
-    V16 part[2];
-    for (int q = 0; q < 2; ++q) {
-        const auto wide = [&](V16 v) {
-            const auto u = hn::BitCast(DU16(), v);
-            return hn::PromoteTo(du32, q ? hn::UpperHalf(hn::Half<DU16>(), u) : hn::LowerHalf(u));
-        };
-        const auto sum = wide(a) * hn::Set(du32, k.w[0]) + wide(b) * hn::Set(du32, k.w[1]) + wide(c) * hn::Set(du32, k.w[2]);
-        part[q] = hn::BitCast(d16, hn::And(hn::ShiftRight<12>(sum), hn::Set(du32, 255)));
+template <int N, bool kSplit>
+HWY_INLINE std::size_t gray8Rows(RowC<const Zor8u, N> s, RowC<Zor8u, 1> d, std::size_t width,
+                                 const GrayWeights<Zor8u>& k) {
+    const D8 d8;
+    const std::size_t n = hn::Lanes(d8);
+    const auto part = [&k](int shift, std::uint32_t mask) {
+        return GrayCoefficients((k.w[0] >> shift) & mask, (k.w[1] >> shift) & mask, (k.w[2] >> shift) & mask);
+    };
+    const GrayCoefficients low = kSplit ? part(0, 0xFFF) : part(0, 0xFFFF), high = part(12, kSplit ? 0xFF : 0);
+    std::size_t i = 0;
+    for (; i + n <= width; i += n) {
+        V8 c0, c1, c2;
+        loadPixels<N>(d8, s.p + N * i, c0, c1, c2);
+        hn::StoreU(gray8Vector<kSplit>(c0, c1, c2, low, high), d8, d.p + i);
     }
-    return hn::ConcatEven(d16, part[1], part[0]);
+    return i;
 }
 
 template <int N>
 void gray8(RowC<const Zor8u, N> s, RowC<Zor8u, 1> d, int width, const GrayWeights<Zor8u>& k) {
-    const D8 d8;
-    const DU32 du32;
-    const std::size_t n = hn::Lanes(d8);
-    const bool pairwise = k.w[0] <= 32767 && k.w[1] <= 32767 && k.w[2] <= 32767;
-    const V16 k01 = hn::BitCast(D16(), hn::Set(du32, k.w[0] | (k.w[1] << 16)));
-    const V16 k2 = hn::BitCast(D16(), hn::Set(du32, k.w[2]));
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        V8 c0, c1, c2;
-        loadPixels<N>(d8, s.p + N * i, c0, c1, c2);
-        V16 g[2];
-        for (int h = 0; h < 2; ++h)
-            g[h] = pairwise ? grayPairwise(half16(c0, h), half16(c1, h), half16(c2, h), k01, k2)
-                            : grayWrapping(half16(c0, h), half16(c1, h), half16(c2, h), k);
-        hn::StoreU(hn::Combine(d8, hn::DemoteTo(DH8(), g[1]), hn::DemoteTo(DH8(), g[0])), d8, d.p + i);
-    }
+    const bool small = k.w[0] <= 32767 && k.w[1] <= 32767 && k.w[2] <= 32767;
+    const std::size_t w = static_cast<std::size_t>(width);
+    const std::size_t i = small ? gray8Rows<N, false>(s, d, w, k) : gray8Rows<N, true>(s, d, w, k);
     ::zor::gray<Zor8u, N>({s.p + N * i}, {d.p + i}, width - static_cast<int>(i), k);
 }
 

@@ -16,12 +16,13 @@ using Run444 = Run<M, Fuse<1>>;
 template <auto M>
 using Run422 = Run<M, Fuse<2>>;
 
-// 4:2:0 converts whole 2 x 2 blocks and warns when a column or row is left.
+// 4:2:0 converts whole 2 x 2 blocks, a pair of rows at a time, and warns when
+// a column or row is left.
 using Blocks = WholeGroups<2, 2, true>;
 template <auto M>
 using Encode420 = Run<M, Pairs, Blocks>;
 template <auto M>
-using Decode420 = Run<M, Blocks>;
+using Decode420 = Run<M, Pairs, Blocks>;
 
 // The BGR decoder needs one whole block.
 using BgrChecks = Checks<check::Null<kOuter | kStepArray>, check::Size<2, 2>, check::Null<kPlanes>>;
@@ -65,11 +66,11 @@ ZOR_EXPORT(zoriRGBToYUV420_8u_C3P3R, (StandardChecks), (Encode420<&K::encode420C
 ZOR_EXPORT(zoriRGBToYUV420_8u_C3P3, (StandardChecks), (Encode420<&K::encode420C3>), IN_WHOLE_C(Zor8u, 3), OUT_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), ROI)
 ZOR_EXPORT(zoriRGBToYUV420_8u_P3R, (StandardChecks), (Encode420<&K::encode420P3>), IN_P3S(Zor8u), OUT_P3S(Zor8u, 1, 2), ROI)
 ZOR_EXPORT(zoriRGBToYUV420_8u_P3, (StandardChecks), (Encode420<&K::encode420P3>), IN_WHOLE_P3(Zor8u, ::zor::fullWidth), OUT_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), ROI)
-ZOR_EXPORT(zoriYUV420ToRGB_8u_P3C3R, (StandardChecks), (Decode420<&K::decode422P3C3>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYUV420ToRGB_8u_P3C3, (StandardChecks), (Decode420<&K::decode422P3C3>), IN_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), OUT_WHOLE_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriYUV420ToRGB_8u_P3R, (StandardChecks), (Decode420<&K::decode422P3>), IN_P3S(Zor8u, 1, 2), OUT_P3S(Zor8u), ROI)
-ZOR_EXPORT(zoriYUV420ToRGB_8u_P3, (StandardChecks), (Decode420<&K::decode422P3>), IN_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), OUT_WHOLE_P3(Zor8u, ::zor::fullWidth), ROI)
+ZOR_EXPORT(zoriYUV420ToRGB_8u_P3C3R, (StandardChecks), (Decode420<&K::decode420P3C3>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYUV420ToRGB_8u_P3C3, (StandardChecks), (Decode420<&K::decode420P3C3>), IN_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), OUT_WHOLE_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYUV420ToRGB_8u_P3R, (StandardChecks), (Decode420<&K::decode420P3>), IN_P3S(Zor8u, 1, 2), OUT_P3S(Zor8u), ROI)
+ZOR_EXPORT(zoriYUV420ToRGB_8u_P3, (StandardChecks), (Decode420<&K::decode420P3>), IN_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), OUT_WHOLE_P3(Zor8u, ::zor::fullWidth), ROI)
 // The one rounding member (one half before every shift); the fourth byte of
 // every pixel is written 0.
-ZOR_EXPORT(zoriYUV420ToRGB_8u_P3AC4R, (StandardChecks), (Decode420<&K::decode422P3C4Rounded>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriYUV420ToBGR_8u_P3C3R, (BgrChecks), (Decode420<&K::decode422P3Bgr>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriYUV420ToRGB_8u_P3AC4R, (StandardChecks), (Decode420<&K::decode420P3C4Rounded>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriYUV420ToBGR_8u_P3C3R, (BgrChecks), (Decode420<&K::decode420P3Bgr>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 3), ROI)

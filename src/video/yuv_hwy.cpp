@@ -202,11 +202,11 @@ void yuvEncode420(RowOf<S, const Zor8u> s0, RowOf<S, const Zor8u> s1, Row3<Zor8u
 // Decoders
 
 // The YUV sets take luma at full weight (kY = 65536), so each output is Y
-// plus a term of the chroma alone: (65536 y + x) >> 16 = y + (x >> 16). The
-// subsampled decoders compute the terms once per pair in 32-bit lanes and
-// give both pixels of the pair the term as a 16-bit lane each.
+// plus a term of the chroma alone (video/yuv_kernels.h). The subsampled
+// decoders compute the terms once per pair in 32-bit lanes and give both
+// pixels of the pair the term as a 16-bit lane each.
 template <const Decoder& K>
-HWY_INLINE void addChromaTerms(V16 y, V32 u, V32 v, V16& r, V16& g, V16& b) {
+HWY_INLINE void chromaTerms(V32 u, V32 v, V16& r, V16& g, V16& b) {
     static_assert(K.kY == 65536, "luma at full weight");
     const D32 d32;
     const D16 d16;
@@ -215,9 +215,9 @@ HWY_INLINE void addChromaTerms(V16 y, V32 u, V32 v, V16& r, V16& g, V16& b) {
     const auto dup = [d16](V32 x) {
         return hn::OddEven(hn::BitCast(d16, x), hn::BitCast(d16, hn::ShiftRight<16>(x)));
     };
-    r = y + dup(v * c(K.kRV) + c(K.offR));
-    g = y + dup(c(K.offG) - u * c(K.kGU) - v * c(K.kGV));
-    b = y + dup(u * c(K.kBU) + c(K.offB));
+    r = dup(v * c(K.kRV) + c(K.offR));
+    g = dup(c(K.offG) - u * c(K.kGU) - v * c(K.kGV));
+    b = dup(u * c(K.kBU) + c(K.offB));
 }
 
 template <const Decoder& K, class S, class D>
@@ -233,10 +233,13 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
         V16 r[2], g[2], b[2];
         if constexpr (kSubsampled<S>) {
             for (int h = 0; h < 2; ++h) {
-                V16 y;
+                V16 y, tR, tG, tB;
                 V32 u, v;
                 VecSub<S>::load(s, i + h * n / 2, y, u, v);
-                addChromaTerms<K>(y, u, v, r[h], g[h], b[h]);
+                chromaTerms<K>(u, v, tR, tG, tB);
+                r[h] = y + tR;
+                g[h] = y + tG;
+                b[h] = y + tB;
             }
         } else {
             V8 y, u, v;
@@ -247,6 +250,35 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
         VecPix<D>::store(d8, d, i, to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]), hn::Zero(d8));
     }
     ::zor::yuvDecode<K, S, D>(S::advance(s, i), D::advance(d, i), width - static_cast<int>(i));
+}
+
+// Both rows take the terms of their one chroma row.
+template <const Decoder& K, class D>
+void yuvDecode420(Row3<const Zor8u, 2> s0, Row3<const Zor8u, 2> s1, RowOf<D, Zor8u> d0, RowOf<D, Zor8u> d1,
+                  int width) {
+    const D8 d8;
+    const std::size_t n = hn::Lanes(d8);
+    std::size_t i = 0;
+    for (; i + n <= static_cast<std::size_t>(width); i += n) {
+        V16 r[2][2], g[2][2], b[2][2];
+        for (int h = 0; h < 2; ++h) {
+            V16 y0, tR, tG, tB;
+            V32 u, v;
+            VecSub<Planes422>::load(s0, i + h * n / 2, y0, u, v);
+            chromaTerms<K>(u, v, tR, tG, tB);
+            const V16 y1 = hn::PromoteTo(D16(), hn::LoadU(DH8(), s1.p[0] + i + h * n / 2));
+            r[0][h] = y0 + tR;
+            g[0][h] = y0 + tG;
+            b[0][h] = y0 + tB;
+            r[1][h] = y1 + tR;
+            g[1][h] = y1 + tG;
+            b[1][h] = y1 + tB;
+        }
+        VecPix<D>::store(d8, d0, i, to8(r[0][0], r[0][1]), to8(g[0][0], g[0][1]), to8(b[0][0], b[0][1]), hn::Zero(d8));
+        VecPix<D>::store(d8, d1, i, to8(r[1][0], r[1][1]), to8(g[1][0], g[1][1]), to8(b[1][0], b[1][1]), hn::Zero(d8));
+    }
+    ::zor::yuvDecode420<K, D>(Planes422::advance(s0, i), Planes422::advance(s1, i), D::advance(d0, i),
+                              D::advance(d1, i), width - static_cast<int>(i));
 }
 
 #endif  // HWY_TARGET != HWY_SCALAR

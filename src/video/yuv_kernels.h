@@ -64,10 +64,10 @@ struct Planes422 {
         r.p[2][k] = c.v;
     }
     static void putOddUV(Row3<Zor8u, 2> r, std::ptrdiff_t k, YuvChroma c) { putUV(r, k, c); }
-    static void get(Row3<const Zor8u, 2> r, std::ptrdiff_t i, int, int& y, int& u, int& v) {
-        y = r.p[0][i];
-        u = r.p[1][i >> 1];
-        v = r.p[2][i >> 1];
+    static int luma(Row3<const Zor8u, 2> r, std::ptrdiff_t i) { return r.p[0][i]; }
+    static void chroma(Row3<const Zor8u, 2> r, std::ptrdiff_t k, int, int& u, int& v) {
+        u = r.p[1][k];
+        v = r.p[2][k];
     }
     template <class T>
     static Row3<T, 2> advance(Row3<T, 2> r, std::ptrdiff_t i) {  // i even
@@ -89,12 +89,13 @@ struct Packed422 {
         r.p[4 * k + O::kCr] = c.v;
     }
     static void putOddUV(RowC<Zor8u, 2> r, std::ptrdiff_t k, YuvChroma c) { r.p[4 * k + O::kCb] = c.u; }
-    static void get(RowC<const Zor8u, 2> r, std::ptrdiff_t i, int width, int& y, int& u, int& v) {
-        const Zor8u* pair = r.p + 4 * (i >> 1);
-        y = pair[(i & 1) ? O::kY1 : O::kY0];
+    static int luma(RowC<const Zor8u, 2> r, std::ptrdiff_t i) {
+        return r.p[2 * (i & ~1) + ((i & 1) ? O::kY1 : O::kY0)];
+    }
+    static void chroma(RowC<const Zor8u, 2> r, std::ptrdiff_t k, int width, int& u, int& v) {
+        const Zor8u* pair = r.p + 4 * k;
         u = pair[O::kCb];
-        const bool lastOdd = (i & 1) == 0 && i + 1 == width;
-        v = !lastOdd ? pair[O::kCr] : i > 0 ? pair[O::kCr - 4] : u;
+        v = 2 * k + 1 < width ? pair[O::kCr] : k > 0 ? pair[O::kCr - 4] : u;
     }
     template <class T>
     static RowC<T, 2> advance(RowC<T, 2> r, std::ptrdiff_t i) {  // i even
@@ -128,18 +129,22 @@ void yuvEncode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
 // converted alone with the 4:4:4 rule.
 template <class S, class D>
 void yuvEncode422(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
-    for (std::ptrdiff_t i = 0; i < width; i += 2) {
+    const auto add = [&](YuvGroup& g, std::ptrdiff_t i) {
+        int r, g0, b;
+        S::get(s, i, r, g0, b);
+        D::putY(d, i, g.add(r, g0, b));
+    };
+    std::ptrdiff_t i = 0;
+    for (; i + 1 < width; i += 2) {
         YuvGroup pair;
-        const std::ptrdiff_t n = i + 1 < width ? 2 : 1;
-        for (std::ptrdiff_t j = i; j < i + n; ++j) {
-            int r, g, b;
-            S::get(s, j, r, g, b);
-            D::putY(d, j, pair.add(r, g, b));
-        }
-        if (n == 2)
-            D::putUV(d, i / 2, pair.chroma<1>());
-        else
-            D::putOddUV(d, i / 2, pair.chroma<0>());
+        add(pair, i);
+        add(pair, i + 1);
+        D::putUV(d, i / 2, pair.chroma<1>());
+    }
+    if (i < width) {
+        YuvGroup alone;
+        add(alone, i);
+        D::putOddUV(d, i / 2, alone.chroma<0>());
     }
 }
 
@@ -161,19 +166,47 @@ void yuvEncode420(RowOf<S, const Zor8u> s0, RowOf<S, const Zor8u> s1, Row3<Zor8u
     }
 }
 
-// YUV (layout S, full or subsampled chroma) to RGB (layout D) with decoder set
-// K (kYuv, or kYuvRounded with one half before the shifts).
+// YUV (layout S) to RGB (layout D) with decoder set K (kYuv, or kYuvRounded
+// with one half before the shifts). The YUV sets take luma at full weight
+// (kY = 65536), so each output is Y plus a term of the chroma alone:
+// (65536 y + x) >> 16 = y + (x >> 16). The subsampled layouts give both
+// pixels of a pair the pair's chroma, so its terms are taken once.
 template <const Decoder& K, class S, class D>
 void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
-    for (std::ptrdiff_t i = 0; i < width; ++i) {
-        int y, u, v;
-        if constexpr (kSubsampled<S>)
-            S::get(s, i, width, y, u, v);
-        else
+    static_assert(K.kY == 65536, "luma at full weight");
+    const auto put = [&](std::ptrdiff_t i, int y, const Rgb32& t) {
+        D::put(d, i, clampByte(y + t.r), clampByte(y + t.g), clampByte(y + t.b));
+    };
+    if constexpr (kSubsampled<S>) {
+        std::ptrdiff_t i = 0;
+        int u, v;
+        for (; i + 1 < width; i += 2) {
+            S::chroma(s, i / 2, width, u, v);
+            const Rgb32 t = decode(K, 0, u, v);
+            const int y0 = S::luma(s, i), y1 = S::luma(s, i + 1);
+            put(i, y0, t);
+            put(i + 1, y1, t);
+        }
+        if (i < width) {
+            S::chroma(s, i / 2, width, u, v);
+            put(i, S::luma(s, i), decode(K, 0, u, v));
+        }
+    } else {
+        for (std::ptrdiff_t i = 0; i < width; ++i) {
+            int y, u, v;
             S::get(s, i, y, u, v);
-        const Rgb32 c = decode(K, y, u, v);
-        D::put(d, i, clampByte(c.r), clampByte(c.g), clampByte(c.b));
+            put(i, y, decode(K, 0, u, v));
+        }
     }
+}
+
+// 4:2:0: luma rows y and y + 1 with the chroma row they share (reached
+// through s0) to rows y and y + 1 of the destination.
+template <const Decoder& K, class D>
+void yuvDecode420(Row3<const Zor8u, 2> s0, Row3<const Zor8u, 2> s1, RowOf<D, Zor8u> d0, RowOf<D, Zor8u> d1,
+                  int width) {
+    yuvDecode<K, Planes422, D>(s0, d0, width);
+    yuvDecode<K, Planes422, D>({{s1.p[0], s0.p[1], s0.p[2]}}, d1, width);
 }
 
 // ---------------------------------------------------------------------------
@@ -195,10 +228,12 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
     X(decode422P3C3, yuvDecode, (kYuv, Planes422, PixC3))                   \
     X(decode422P3, yuvDecode, (kYuv, Planes422, PixP3))                     \
     X(decode422P3C4, yuvDecode, (kYuv, Planes422, PixC4Zero))               \
-    X(decode422P3C4Rounded, yuvDecode, (kYuvRounded, Planes422, PixC4Zero)) \
-    X(decode422P3Bgr, yuvDecode, (kYuv, Planes422, PixBgrC3))               \
     X(encode420C3, yuvEncode420, (PixC3))                                   \
-    X(encode420P3, yuvEncode420, (PixP3))
+    X(encode420P3, yuvEncode420, (PixP3))                                   \
+    X(decode420P3C3, yuvDecode420, (kYuv, PixC3))                           \
+    X(decode420P3, yuvDecode420, (kYuv, PixP3))                             \
+    X(decode420P3C4Rounded, yuvDecode420, (kYuvRounded, PixC4Zero))         \
+    X(decode420P3Bgr, yuvDecode420, (kYuv, PixBgrC3))
 
 struct YuvKernels {
     ZOR_YUV_KERNELS(ZOR_KERNEL_MEMBER)
