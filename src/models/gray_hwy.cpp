@@ -117,36 +117,42 @@ void gray8(RowC<const Zor8u, N> s, RowC<Zor8u, 1> d, int width, const GrayWeight
     ::zor::gray<Zor8u, N>({s.p + N * i}, {d.p + i}, width - static_cast<int>(i), k);
 }
 
-// 16u and 16s: the float sum of 32-bit lanes, truncated, INT32_MIN where the
-// truncation is out of range or NaN, then the low 16 bits.
+// 16u and 16s: the samples on the unsigned scale (16s: the sign bit
+// flipped, which adds 32768), the float sum in 32-bit lanes, truncated, with
+// INT32_MIN where the truncation is out of range or NaN (the conversion gives
+// it below the range; the comparison catches the rest), and the low 16 bits
+// (16s: the sign bit flipped back, which subtracts 32768).
 template <class T, int N>
 void gray16(RowC<const T, N> s, RowC<T, 1> d, int width, const GrayWeights<T>& k) {
     using DT = hn::ScalableTag<T>;
-    using DH = hn::Half<DT>;
+    using DU = hn::RebindToUnsigned<DT>;
+    using DI = hn::Repartition<std::int32_t, DT>;
     using DF = hn::Repartition<float, DT>;
-    using DHU16 = hn::Rebind<std::uint16_t, D32>;
     const DT dt;
-    const D32 d32;
+    const DU du;
+    const DI di;
     const DF df;
     const std::size_t n = hn::Lanes(dt);
-    const hn::Vec<D32> offset = hn::Set(d32, Offset16<T>::kOffset);
+    const auto flip = hn::Set(du, static_cast<std::uint16_t>(Offset16<T>::kOffset));
     const hn::Vec<DF> w0 = hn::Set(df, k.w[0]), w1 = hn::Set(df, k.w[1]), w2 = hn::Set(df, k.w[2]);
-    const hn::Vec<DF> lowest = hn::Set(df, -2147483648.0f), limit = hn::Set(df, 2147483648.0f);
+    const hn::Vec<DF> limit = hn::Set(df, 2147483648.0f);
+    const hn::Vec<DI> outside = hn::Set(di, INT32_MIN);
     std::size_t i = 0;
     for (; i + n <= static_cast<std::size_t>(width); i += n) {
         hn::Vec<DT> c0, c1, c2;
         loadPixels<N>(dt, s.p + N * i, c0, c1, c2);
-        hn::Vec<DHU16> out[2];
+        const hn::Vec<DU> u0 = hn::Xor(hn::BitCast(du, c0), flip), u1 = hn::Xor(hn::BitCast(du, c1), flip),
+                          u2 = hn::Xor(hn::BitCast(du, c2), flip);
+        hn::Vec<DI> code[2];
         for (int h = 0; h < 2; ++h) {
-            const auto f = [&](hn::Vec<DT> v) {
-                return hn::ConvertTo(df, hn::PromoteTo(d32, h ? hn::UpperHalf(DH(), v) : hn::LowerHalf(DH(), v)) + offset);
+            const auto f = [&](hn::Vec<DU> v) {
+                return hn::ConvertTo(df, hn::PromoteTo(di, h ? hn::UpperHalf(hn::Half<DU>(), v) : hn::LowerHalf(v)));
             };
-            const hn::Vec<DF> sum = w0 * f(c0) + w1 * f(c1) + w2 * f(c2);
-            const auto inRange = hn::RebindMask(d32, hn::And(hn::Ge(sum, lowest), hn::Lt(sum, limit)));
-            const hn::Vec<D32> code = hn::IfThenElse(inRange, hn::ConvertTo(d32, sum), hn::Set(d32, INT32_MIN));
-            out[h] = hn::DemoteTo(DHU16(), hn::And(code - offset, hn::Set(d32, 0xFFFF)));
+            const hn::Vec<DF> sum = w0 * f(u0) + w1 * f(u1) + w2 * f(u2);
+            code[h] = hn::IfThenElse(hn::RebindMask(di, hn::Lt(sum, limit)), hn::ConvertTo(di, sum), outside);
         }
-        hn::StoreU(hn::BitCast(dt, hn::Combine(DU16(), out[1], out[0])), dt, d.p + i);
+        const hn::Vec<DU> low = hn::ConcatEven(du, hn::BitCast(du, code[1]), hn::BitCast(du, code[0]));
+        hn::StoreU(hn::BitCast(dt, hn::Xor(low, flip)), dt, d.p + i);
     }
     ::zor::gray<T, N>({s.p + N * i}, {d.p + i}, width - static_cast<int>(i), k);
 }

@@ -220,6 +220,37 @@ HWY_INLINE void chromaTerms(V32 u, V32 v, V16& r, V16& g, V16& b) {
     b = dup(u * c(K.kBU) + c(K.offB));
 }
 
+// 4:4:4: the terms of 16-bit U, V lanes. floor((c x + b) / 65536) of a
+// single product is its high half plus the carry of its low half and b,
+// (low + b) >> 16 = AverageRound(low, b - 1) >> 15; G, with two products,
+// takes pairwise products of (U, V) in 32-bit lanes.
+template <const Decoder& K>
+HWY_INLINE void chromaTerms16(V16 u, V16 v, V16& r, V16& g, V16& b) {
+    static_assert(K.kY == 65536, "luma at full weight");
+    using S = DecoderSplit<K>;
+    const D16 d16;
+    const hn::RebindToUnsigned<D16> du16;
+    const auto k = [d16](std::int32_t c) { return hn::Set(d16, static_cast<std::int16_t>(c)); };
+    const auto single = [&](V16 x, Split c, Split off) {
+        static_assert(true, "");
+        V16 t = hn::MulHigh(x, k(c.b)) + hn::Mul(x, k(c.a)) + k(off.a);
+        if (off.b != 0) {
+            const auto low = hn::BitCast(du16, hn::Mul(x, k(c.b)));
+            const auto carry = hn::ShiftRight<15>(hn::AverageRound(low, hn::Set(du16, static_cast<std::uint16_t>(off.b - 1))));
+            t = t + hn::BitCast(d16, carry);
+        }
+        return t;
+    };
+    r = single(v, S::rv, S::offR);
+    b = single(u, S::bu, S::offB);
+    const D32 d32;
+    const V32 oG = hn::Set(d32, S::offG.b);
+    const V16 cG = pair(-S::gu.b, -S::gv.b);
+    const V32 lo = dot(hn::InterleaveLower(d16, u, v), cG) + oG, hi = dot(hn::InterleaveUpper(d16, u, v), cG) + oG;
+    g = narrow(hn::ShiftRight<16>(lo), hn::ShiftRight<16>(hi)) - hn::Mul(u, k(S::gu.a)) - hn::Mul(v, k(S::gv.a)) +
+        k(S::offG.a);
+}
+
 template <const Decoder& K, class S, class D>
 void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
     const D8 d8;
@@ -244,8 +275,14 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
         } else {
             V8 y, u, v;
             VecPix<S>::load(d8, s, i, y, u, v);
-            decodeHalf<K>(lowerTo16(y), lowerTo16(u), lowerTo16(v), r[0], g[0], b[0]);
-            decodeHalf<K>(upperTo16(y), upperTo16(u), upperTo16(v), r[1], g[1], b[1]);
+            for (int h = 0; h < 2; ++h) {
+                const V16 y16 = h ? upperTo16(y) : lowerTo16(y);
+                V16 tR, tG, tB;
+                chromaTerms16<K>(h ? upperTo16(u) : lowerTo16(u), h ? upperTo16(v) : lowerTo16(v), tR, tG, tB);
+                r[h] = y16 + tR;
+                g[h] = y16 + tG;
+                b[h] = y16 + tB;
+            }
         }
         VecPix<D>::store(d8, d, i, to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]), hn::Zero(d8));
     }
