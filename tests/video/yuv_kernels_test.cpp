@@ -3,10 +3,6 @@
 #include "support/kernel_harness.h"
 #include "video/yuv_kernels.h"
 
-namespace {
-
 #define ZOR_SHAPE_TEST(name, fn, args) \
     TEST(YuvKernelSets, name) { zt::expectVectorsMatchScalar(zor::yuvTables, &zor::YuvKernels::name); }
 ZOR_YUV_KERNELS(ZOR_SHAPE_TEST)
-
-}  // namespace
