@@ -1,5 +1,4 @@
-// The 8u gray vector kernels against their scalar kernels at every CPU target, over every RGB triple: the default
-// weights, weights whose sums wrap, and negative weights.
+// The 8u gray vector kernels against their scalar kernels at every CPU target, over every RGB triple, three weight sets.
 #include "models/gray_kernels.h"
 #include "support/kernel_harness.h"
 

@@ -17,18 +17,17 @@ std::tuple<zor::GrayWeights<T>> randomWeights(std::mt19937& rng) {
     return {k};
 }
 
-// The kernels of target T, the float ones with every NaN made one NaN (a sum of two NaNs carries the payload of the
-// operand that the compiler puts first).
+// Target T's kernels, the float ones with every NaN made one NaN (a sum of NaNs takes the compiler's first operand's).
 template <int T>
-const zor::GrayKernels& kernelsOf() { return *(zor::grayTables()[T] ? zor::grayTables()[T] : zor::grayTables()[0]); }
+const zor::GrayKernels* kernelsOf = zor::grayTables()[T] ? zor::grayTables()[T] : zor::grayTables()[0];
 template <int T, int N>
 void nanAsNan(zor::RowC<const Zor32f, N> s, zor::RowC<Zor32f, 1> d, int width, zor::GrayWeights<Zor32f> k) {
-    std::get<N - 3>(std::make_tuple(kernelsOf<T>().c3f32, kernelsOf<T>().ac4f32))(s, d, width, k);
+    std::get<N - 3>(std::make_tuple(kernelsOf<T>->c3f32, kernelsOf<T>->ac4f32))(s, d, width, k);
     for (int i = 0; i < width; ++i) d.p[i] = std::isnan(d.p[i]) ? NAN : d.p[i];
 }
 template <int T>
 zor::GrayKernels withNanAsNan() {
-    zor::GrayKernels k = kernelsOf<T>();
+    zor::GrayKernels k = *kernelsOf<T>;
     k.c3f32 = &nanAsNan<T, 3>, k.ac4f32 = &nanAsNan<T, 4>;
     return k;
 }

@@ -1,5 +1,4 @@
-// Colour to gray: each member on padded images (top-down, bottom-up, odd byte steps) against the row kernel of its
-// type with the default weights or the caller's (null: the defaults); check order; pinned values of the rules.
+// Colour to gray: each member against its row kernel (both walks, odd steps, null and caller weights); checks; pinned rules.
 #include "models/gray_kernels.h"
 #include "support/testutil.h"
 
@@ -35,15 +34,18 @@ void expectMember(ZorStatus (*fixed)(const T*, int, T*, int, ZoriSize), ZorStatu
     EXPECT_TRUE(dst == call(nullptr, false, 0));  // the fixed weights are the defaults
 }
 
-#define ZOR_MEMBERS(T, t)                                                            \
-    expectMember<T, 3>(zoriRGBToGray_##t##_C3C1R, zoriColorToGray_##t##_C3C1R); \
-    expectMember<T, 4>(zoriRGBToGray_##t##_AC4C1R, zoriColorToGray_##t##_AC4C1R)
+#define ZOR_MEMBERS(T, t) \
+    expectMember<T, 3>(zoriRGBToGray_##t##_C3C1R, zoriColorToGray_##t##_C3C1R), expectMember<T, 4>(zoriRGBToGray_##t##_AC4C1R, zoriColorToGray_##t##_AC4C1R)
 TEST(Gray, EveryMemberAgainstItsKernel) { ZOR_MEMBERS(Zor8u, 8u); ZOR_MEMBERS(Zor16u, 16u); ZOR_MEMBERS(Zor16s, 16s); ZOR_MEMBERS(Zor32f, 32f); }
 
-// 8u: the floor of the sum, no clamp (0.5 each makes 382 of white). 16-bit: truncation toward zero, low 16 bits; out of
-// the int32 range gives INT32_MIN (16u 0, 16s -32768); 16s works on the unsigned scale.
+// 8u: the floor of the sum, no clamp (0.5 each makes 382 of white); a caller's -0.5 is -2047 (2 * -2047 + 4094 is 0).
+// 16-bit: truncation toward zero, low 16 bits; beyond int32 INT32_MIN (16u 0, 16s -32768); 16s on the unsigned scale.
 TEST(Gray, PinnedValues) {
     using zor::grayOf;
+    const Zor8u two[3] = {2, 1, 0};
+    const float neg8[3] = {-0.5f, 4094.0f / 4096, 0};
+    Zor8u o8 = 1;
+    EXPECT_EQ(zoriColorToGray_8u_C3C1R(two, 3, &o8, 1, {1, 1}, neg8) * 1000 + o8, 0);
     const zor::GrayWeights<Zor8u> k8{{1225, 2404, 467}}, half{{2048, 2048, 2048}};
     const zor::GrayWeights<Zor16u> k16{{0.299f, 0.587f, 0.114f}}, neg{{-0.5f, 0, 0}}, twice{{2, 0, 0}}, huge{{1e6f, 0, 0}};
     EXPECT_EQ(std::vector<int>({grayOf(k8, 255, 255, 255), grayOf(k8, 1, 1, 1), grayOf(k8, 0, 0, 1), grayOf(half, 255, 255, 255),

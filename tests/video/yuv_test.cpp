@@ -123,12 +123,13 @@ TEST(Yuv, EveryMemberChecksInOrderAndMatchesTheModel) {
     }
 }
 
-// White, blue, red and cyan (both ends of the V clamp).
+// White, blue, red and cyan (both ends of the V clamp), and a pixel whose
+// colour differences lie exactly on a rounding tie (S = 32768 mod 65536).
 TEST(Yuv, PinnedValues) {
-    const Zor8u rgb[12] = {255, 255, 255, 0, 0, 255, 255, 0, 0, 0, 255, 255};
-    Zor8u yuv[12];
-    ASSERT_EQ(zoriRGBToYUV_8u_C3R(rgb, 12, yuv, 12, {4, 1}), zorStsOk);
-    EXPECT_EQ(std::vector<int>(yuv, yuv + 12), std::vector<int>({255, 128, 128, 29, 239, 102, 76, 90, 255, 178, 165, 0}));
+    const Zor8u rgb[15] = {255, 255, 255, 0, 0, 255, 255, 0, 0, 0, 255, 255, 2, 54, 186};
+    Zor8u yuv[15];
+    ASSERT_EQ(zoriRGBToYUV_8u_C3R(rgb, 15, yuv, 15, {5, 1}), zorStsOk);
+    EXPECT_EQ(std::vector<int>(yuv, yuv + 15), std::vector<int>({255, 128, 128, 29, 239, 102, 76, 90, 255, 178, 165, 0, 53, 192, 82}));
 }
 
 // Whole-image steps are pointer-sized: rows of 715,827,883 RGB pixels are
