@@ -10,6 +10,7 @@
 
 #include <climits>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace zor {
@@ -52,12 +53,15 @@ inline T grayOf(const GrayWeights<T>& k, T c0, T c1, T c2) {
 }
 
 // One kernel per sample type for both source layouts (N = 3 or 4 samples per
-// pixel, the fourth ignored).
+// pixel, the fourth ignored). Samples are moved with memcpy: a row may start
+// at any byte address.
 template <class T, int N>
 void gray(RowC<const T, N> s, RowC<T, 1> d, int width, GrayWeights<T> k) {
     for (std::ptrdiff_t i = 0; i < width; ++i) {
-        const T* p = s.p + N * i;
-        d.p[i] = grayOf(k, p[0], p[1], p[2]);
+        T c[3];
+        std::memcpy(c, s.p + N * i, sizeof c);
+        const T g = grayOf(k, c[0], c[1], c[2]);
+        std::memcpy(d.p + i, &g, sizeof g);
     }
 }
 

@@ -129,10 +129,10 @@ void yuvEncode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
 // converted alone with the 4:4:4 rule.
 template <class S, class D>
 void yuvEncode422(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
-    const auto add = [&](YuvGroup& g, std::ptrdiff_t i) {
-        int r, g0, b;
-        S::get(s, i, r, g0, b);
-        D::putY(d, i, g.add(r, g0, b));
+    const auto add = [&](YuvGroup& group, std::ptrdiff_t i) {
+        int r, g, b;
+        S::get(s, i, r, g, b);
+        D::putY(d, i, group.add(r, g, b));
     };
     std::ptrdiff_t i = 0;
     for (; i + 1 < width; i += 2) {

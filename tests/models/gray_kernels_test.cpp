@@ -23,7 +23,7 @@ const zor::GrayKernels* kernelsOf = zor::grayTables()[T] ? zor::grayTables()[T] 
 template <int T, int N>
 void nanAsNan(zor::RowC<const Zor32f, N> s, zor::RowC<Zor32f, 1> d, int width, zor::GrayWeights<Zor32f> k) {
     std::get<N - 3>(std::make_tuple(kernelsOf<T>->c3f32, kernelsOf<T>->ac4f32))(s, d, width, k);
-    for (int i = 0; i < width; ++i) d.p[i] = std::isnan(d.p[i]) ? NAN : d.p[i];
+    for (float v, *p = d.p; p < d.p + width; ++p) std::memcpy(&v, p, 4), v = std::isnan(v) ? NAN : v, std::memcpy(p, &v, 4);
 }
 template <int T>
 zor::GrayKernels withNanAsNan() {
