@@ -55,12 +55,18 @@ inline T grayOf(const GrayWeights<T>& k, T c0, T c1, T c2) {
 // One kernel per sample type for both source layouts (N = 3 or 4 samples per
 // pixel, the fourth ignored). Samples are moved with memcpy: a row may start
 // at any byte address.
+template <class T>
+inline T sampleAt(const T* p) {
+    T v;
+    std::memcpy(&v, p, sizeof v);
+    return v;
+}
+
 template <class T, int N>
 void gray(RowC<const T, N> s, RowC<T, 1> d, int width, GrayWeights<T> k) {
     for (std::ptrdiff_t i = 0; i < width; ++i) {
-        T c[3];
-        std::memcpy(c, s.p + N * i, sizeof c);
-        const T g = grayOf(k, c[0], c[1], c[2]);
+        const T* p = s.p + N * i;
+        const T g = grayOf(k, sampleAt(p), sampleAt(p + 1), sampleAt(p + 2));
         std::memcpy(d.p + i, &g, sizeof g);
     }
 }

@@ -195,7 +195,8 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
         for (std::ptrdiff_t i = 0; i < width; ++i) {
             int y, u, v;
             S::get(s, i, y, u, v);
-            put(i, y, decode(K, 0, u, v));
+            const Rgb32 c = decode(K, y, u, v);
+            D::put(d, i, clampByte(c.r), clampByte(c.g), clampByte(c.b));
         }
     }
 }
