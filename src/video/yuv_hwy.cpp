@@ -251,6 +251,43 @@ HWY_INLINE void chromaTerms16(V16 u, V16 v, V16& r, V16& g, V16& b) {
         k(S::offG.a);
 }
 
+// Whole vectors of decoded pixels, as 16-bit R, G, B halves in pixel order,
+// into layout D.
+template <class D>
+HWY_INLINE void storeRgb(RowOf<D, Zor8u> d, std::size_t i, const V16 (&r)[2], const V16 (&g)[2], const V16 (&b)[2]) {
+    const D8 d8;
+    if constexpr (!std::is_same_v<D, PixC4Zero>) {
+        VecPix<D>::store(d8, d, i, to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]), hn::Zero(d8));
+    } else {
+        // Each pixel's 32-bit lane R | G << 8 | B << 16 (the fourth byte 0)
+        // from the lower and upper interleaves, whose blocks are then put
+        // back in pixel order.
+        using D64 = hn::Repartition<std::uint64_t, D8>;
+        const D64 d64;
+        const D16 d16;
+        constexpr std::size_t kBlocks = hn::MaxLanes(d8) / 16;
+        static_assert(kBlocks == 1 || kBlocks == 2 || kBlocks == 4, "blocks of 128 bits");
+        alignas(64) static constexpr std::uint64_t kInOrder[8] = {0, 1, 4, 5, 2, 3, 6, 7};
+        const auto byte = [d16](V16 x) { return hn::Min(hn::Max(x, hn::Zero(d16)), hn::Set(d16, 255)); };
+        const std::size_t n = hn::Lanes(d8);
+        for (int h = 0; h < 2; ++h) {
+            const V16 rg = hn::Or(byte(r[h]), hn::ShiftLeft<8>(byte(g[h]))), b0 = byte(b[h]);
+            const auto lo = hn::BitCast(d64, hn::InterleaveLower(d16, rg, b0));
+            const auto hi = hn::BitCast(d64, hn::InterleaveUpper(d16, rg, b0));
+            hn::Vec<D64> out[2] = {lo, hi};
+            if constexpr (kBlocks > 1) {
+                out[0] = hn::ConcatLowerLower(d64, hi, lo);
+                out[1] = hn::ConcatUpperUpper(d64, hi, lo);
+            }
+            if constexpr (kBlocks == 4) {
+                for (auto& o : out) o = hn::TableLookupLanes(o, hn::SetTableIndices(d64, kInOrder));
+            }
+            hn::StoreU(hn::BitCast(d8, out[0]), d8, d.p + 4 * i + 2 * n * h);
+            hn::StoreU(hn::BitCast(d8, out[1]), d8, d.p + 4 * i + 2 * n * h + n);
+        }
+    }
+}
+
 template <const Decoder& K, class S, class D>
 void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
     const D8 d8;
@@ -284,7 +321,7 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
                 b[h] = y16 + tB;
             }
         }
-        VecPix<D>::store(d8, d, i, to8(r[0], r[1]), to8(g[0], g[1]), to8(b[0], b[1]), hn::Zero(d8));
+        storeRgb<D>(d, i, r, g, b);
     }
     ::zor::yuvDecode<K, S, D>(S::advance(s, i), D::advance(d, i), width - static_cast<int>(i));
 }
@@ -311,8 +348,8 @@ void yuvDecode420(Row3<const Zor8u, 2> s0, Row3<const Zor8u, 2> s1, RowOf<D, Zor
             g[1][h] = y1 + tG;
             b[1][h] = y1 + tB;
         }
-        VecPix<D>::store(d8, d0, i, to8(r[0][0], r[0][1]), to8(g[0][0], g[0][1]), to8(b[0][0], b[0][1]), hn::Zero(d8));
-        VecPix<D>::store(d8, d1, i, to8(r[1][0], r[1][1]), to8(g[1][0], g[1][1]), to8(b[1][0], b[1][1]), hn::Zero(d8));
+        storeRgb<D>(d0, i, r[0], g[0], b[0]);
+        storeRgb<D>(d1, i, r[1], g[1], b[1]);
     }
     ::zor::yuvDecode420<K, D>(Planes422::advance(s0, i), Planes422::advance(s1, i), D::advance(d0, i),
                               D::advance(d1, i), width - static_cast<int>(i));
