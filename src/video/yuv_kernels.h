@@ -64,8 +64,15 @@ struct Planes422 {
         r.p[2][k] = c.v;
     }
     static void putOddUV(Row3<Zor8u, 2> r, std::ptrdiff_t k, YuvChroma c) { putUV(r, k, c); }
-    static int luma(Row3<const Zor8u, 2> r, std::ptrdiff_t i) { return r.p[0][i]; }
-    static void chroma(Row3<const Zor8u, 2> r, std::ptrdiff_t k, int, int& u, int& v) {
+    // The samples of pair k, and of a last odd pixel (the first of pair k).
+    static void pair(Row3<const Zor8u, 2> r, std::ptrdiff_t k, int& y0, int& y1, int& u, int& v) {
+        y0 = r.p[0][2 * k];
+        y1 = r.p[0][2 * k + 1];
+        u = r.p[1][k];
+        v = r.p[2][k];
+    }
+    static void lastOdd(Row3<const Zor8u, 2> r, std::ptrdiff_t k, int& y, int& u, int& v) {
+        y = r.p[0][2 * k];
         u = r.p[1][k];
         v = r.p[2][k];
     }
@@ -89,13 +96,18 @@ struct Packed422 {
         r.p[4 * k + O::kCr] = c.v;
     }
     static void putOddUV(RowC<Zor8u, 2> r, std::ptrdiff_t k, YuvChroma c) { r.p[4 * k + O::kCb] = c.u; }
-    static int luma(RowC<const Zor8u, 2> r, std::ptrdiff_t i) {
-        return r.p[2 * (i & ~1) + ((i & 1) ? O::kY1 : O::kY0)];
+    static void pair(RowC<const Zor8u, 2> r, std::ptrdiff_t k, int& y0, int& y1, int& u, int& v) {
+        const Zor8u* q = r.p + 4 * k;
+        y0 = q[O::kY0];
+        y1 = q[O::kY1];
+        u = q[O::kCb];
+        v = q[O::kCr];
     }
-    static void chroma(RowC<const Zor8u, 2> r, std::ptrdiff_t k, int width, int& u, int& v) {
-        const Zor8u* pair = r.p + 4 * k;
-        u = pair[O::kCb];
-        v = 2 * k + 1 < width ? pair[O::kCr] : k > 0 ? pair[O::kCr - 4] : u;
+    static void lastOdd(RowC<const Zor8u, 2> r, std::ptrdiff_t k, int& y, int& u, int& v) {
+        const Zor8u* q = r.p + 4 * k;
+        y = q[O::kY0];
+        u = q[O::kCb];
+        v = k > 0 ? q[O::kCr - 4] : u;
     }
     template <class T>
     static RowC<T, 2> advance(RowC<T, 2> r, std::ptrdiff_t i) {  // i even
@@ -179,17 +191,16 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
     };
     if constexpr (kSubsampled<S>) {
         std::ptrdiff_t i = 0;
-        int u, v;
+        int y0, y1, u, v;
         for (; i + 1 < width; i += 2) {
-            S::chroma(s, i / 2, width, u, v);
+            S::pair(s, i / 2, y0, y1, u, v);
             const Rgb32 t = decode(K, 0, u, v);
-            const int y0 = S::luma(s, i), y1 = S::luma(s, i + 1);
             put(i, y0, t);
             put(i + 1, y1, t);
         }
         if (i < width) {
-            S::chroma(s, i / 2, width, u, v);
-            put(i, S::luma(s, i), decode(K, 0, u, v));
+            S::lastOdd(s, i / 2, y0, u, v);
+            put(i, y0, decode(K, 0, u, v));
         }
     } else {
         for (std::ptrdiff_t i = 0; i < width; ++i) {
@@ -202,12 +213,33 @@ void yuvDecode(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
 }
 
 // 4:2:0: luma rows y and y + 1 with the chroma row they share (reached
-// through s0) to rows y and y + 1 of the destination.
+// through s0) to rows y and y + 1 of the destination; a pair's terms serve
+// its four pixels.
 template <const Decoder& K, class D>
 void yuvDecode420(Row3<const Zor8u, 2> s0, Row3<const Zor8u, 2> s1, RowOf<D, Zor8u> d0, RowOf<D, Zor8u> d1,
                   int width) {
-    yuvDecode<K, Planes422, D>(s0, d0, width);
-    yuvDecode<K, Planes422, D>({{s1.p[0], s0.p[1], s0.p[2]}}, d1, width);
+    static_assert(K.kY == 65536, "luma at full weight");
+    const auto put = [](RowOf<D, Zor8u> d, std::ptrdiff_t i, int y, const Rgb32& t) {
+        D::put(d, i, clampByte(y + t.r), clampByte(y + t.g), clampByte(y + t.b));
+    };
+    std::ptrdiff_t i = 0;
+    int y0, y1, z0, z1, u, v;
+    for (; i + 1 < width; i += 2) {
+        Planes422::pair(s0, i / 2, y0, y1, u, v);
+        Planes422::pair({{s1.p[0], s0.p[1], s0.p[2]}}, i / 2, z0, z1, u, v);
+        const Rgb32 t = decode(K, 0, u, v);
+        put(d0, i, y0, t);
+        put(d0, i + 1, y1, t);
+        put(d1, i, z0, t);
+        put(d1, i + 1, z1, t);
+    }
+    if (i < width) {
+        Planes422::lastOdd(s0, i / 2, y0, u, v);
+        Planes422::lastOdd({{s1.p[0], s0.p[1], s0.p[2]}}, i / 2, z0, u, v);
+        const Rgb32 t = decode(K, 0, u, v);
+        put(d0, i, y0, t);
+        put(d1, i, z0, t);
+    }
 }
 
 // ---------------------------------------------------------------------------
