@@ -220,10 +220,13 @@ HWY_INLINE void chromaTerms(V32 u, V32 v, V16& r, V16& g, V16& b) {
     b = dup(u * c(K.kBU) + c(K.offB));
 }
 
-// 4:4:4: the terms of 16-bit U, V lanes. floor((c x + b) / 65536) of a
-// single product is its high half plus the carry of its low half and b,
-// (low + b) >> 16 = AverageRound(low, b - 1) >> 15; G, with two products,
-// takes pairwise products of (U, V) in 32-bit lanes.
+// 4:4:4: the terms of 16-bit U, V lanes, without the luma products that the
+// general decoder (decodeHalf) spends on sets of any kY. With c = 65536 a + b
+// and the offset o = 65536 oa + ob (video/vec-inl.h), a term of one product
+// is a x + oa + floor((b x + ob) / 65536), and that floor is the high half of
+// b x plus the carry of its low half and ob: (low + ob) >> 16 =
+// AverageRound(low, ob - 1) >> 15. G, with two products, takes pairwise
+// products of (U, V) in 32-bit lanes.
 template <const Decoder& K>
 HWY_INLINE void chromaTerms16(V16 u, V16 v, V16& r, V16& g, V16& b) {
     static_assert(K.kY == 65536, "luma at full weight");
@@ -232,7 +235,6 @@ HWY_INLINE void chromaTerms16(V16 u, V16 v, V16& r, V16& g, V16& b) {
     const hn::RebindToUnsigned<D16> du16;
     const auto k = [d16](std::int32_t c) { return hn::Set(d16, static_cast<std::int16_t>(c)); };
     const auto single = [&](V16 x, Split c, Split off) {
-        static_assert(true, "");
         V16 t = hn::MulHigh(x, k(c.b)) + hn::Mul(x, k(c.a)) + k(off.a);
         if (off.b != 0) {
             const auto low = hn::BitCast(du16, hn::Mul(x, k(c.b)));
