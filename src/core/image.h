@@ -94,7 +94,9 @@ struct C {
     std::ptrdiff_t step;  // in bytes, as passed
 
     // A packed whole image of the given width: rows follow each other.
-    static C whole(T* p, ZoriSize img) { return {p, static_cast<std::ptrdiff_t>(N) * sizeof(T) * img.width}; }
+    static C whole(T* p, ZoriSize img) {
+        return {p, static_cast<std::ptrdiff_t>(N * sizeof(T)) * img.width};
+    }
 
     bool isNull(unsigned what) const { return (what & kOuter) && p == nullptr; }
     bool badStep() const { return step < 1; }
