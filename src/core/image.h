@@ -80,6 +80,20 @@ struct Row2 {
     T* c;
 };
 
+// The samples per pixel of an interleaved row as a value the compiler
+// cannot see through. With a constant stride of 3 the baseline instruction
+// set has no shuffle to gather the channels, so loops over C3 rows stay
+// scalar (with a branch per clamp); with a stride known only at run time the
+// compiler vectorises them with element-wise loads and masks, as it did when
+// the C3 and AC4 members shared one kernel with a channel count.
+inline std::ptrdiff_t runtimeStride(int n) {
+    std::ptrdiff_t v = n;
+#if defined(__GNUC__)
+    __asm__("" : "+r"(v));
+#endif
+    return v;
+}
+
 // ---------------------------------------------------------------------------
 // Interleaved
 

@@ -51,19 +51,6 @@ inline T fromCode(int code) {
     return Offset16<T>::out(code);
 }
 
-// The samples per pixel of a row as a value the compiler cannot see through.
-// With a constant stride of 3 the baseline instruction set has no shuffle to
-// gather the channels and the loops stay scalar, with a branch per clamp;
-// with a stride known only at run time the compiler vectorises them with
-// element-wise loads and masks, as the C3 and AC4 members share one kernel.
-inline std::ptrdiff_t runtimeStride(int n) {
-    std::ptrdiff_t v = n;
-#if defined(__GNUC__)
-    __asm__("" : "+r"(v));
-#endif
-    return v;
-}
-
 // ---------------------------------------------------------------------------
 // Quantisers
 

@@ -64,8 +64,9 @@ inline T sampleAt(const T* p) {
 
 template <class T, int N>
 void gray(RowC<const T, N> s, RowC<T, 1> d, int width, GrayWeights<T> k) {
+    const std::ptrdiff_t n = runtimeStride(N);
     for (std::ptrdiff_t i = 0; i < width; ++i) {
-        const T* p = s.p + N * i;
+        const T* p = s.p + n * i;
         const T g = grayOf(k, sampleAt(p), sampleAt(p + 1), sampleAt(p + 2));
         std::memcpy(d.p + i, &g, sizeof g);
     }

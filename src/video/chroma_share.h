@@ -14,15 +14,6 @@
 #include "video/pixels.h"
 #include "video/ycbcr.h"
 
-// The scalar kernels are the reference and the fallback of the vector ones.
-// The compiler's own vectorisation of their interleaved byte accesses, and
-// its splitting of a loop into one loop per store stream, are slower than
-// the plain loops, so both are left off for them.
-#if defined(__GNUC__) && !defined(__clang__)
-#define ZOR_PLAIN_LOOP __attribute__((optimize("no-tree-vectorize", "no-tree-loop-distribution")))
-#else
-#define ZOR_PLAIN_LOOP
-#endif
 
 namespace zor {
 

@@ -14,6 +14,15 @@
 
 #include "core/image.h"
 
+// A scalar kernel over interleaved bytes where the compiler's own
+// vectorisation (and its splitting of a loop into one loop per store stream)
+// is slower than the plain loop: both are left off for it.
+#if defined(__GNUC__) && !defined(__clang__)
+#define ZOR_PLAIN_LOOP __attribute__((optimize("no-tree-vectorize", "no-tree-loop-distribution")))
+#else
+#define ZOR_PLAIN_LOOP
+#endif
+
 namespace zor {
 
 template <int Stride, int C0, int C1, int C2, bool Fill = false>
