@@ -1,4 +1,4 @@
-#include "core/frame.h"
+#include "core/rows.h"
 
 namespace zor {
 

@@ -1,1 +1,0 @@
-// Placeholder translation unit for a family that has no code yet.
