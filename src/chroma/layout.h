@@ -224,8 +224,6 @@ void movePair(RowIn<S, const Zor8u> s0, RowIn<S, const Zor8u> s1, RowIn<D, Zor8u
     }
 }
 
-// Four-tap interpolation half-way between rows b and c.
-inline Zor8u fourTap(int a, int b, int c, int d) { return clampByte(asr(9 * (b + c) - a - d + 8, 4)); }
 
 template <int SC, int DC>
 inline void fourTapSamples(const Zor8u* a, const Zor8u* b, const Zor8u* c, const Zor8u* d, Zor8u* o, int n) {

@@ -17,6 +17,11 @@ inline constexpr std::int32_t asr(std::int32_t v, int s) { return v >= 0 ? (v >>
 // v clamped to 0..255.
 inline constexpr Zor8u clampByte(std::int32_t v) { return static_cast<Zor8u>(v < 0 ? 0 : v > 255 ? 255 : v); }
 
+// The four-tap interpolation half-way between samples b and c of a, b, c, d
+// (rows or columns): (-a + 9 b + 9 c - d + 8) >> 4, an arithmetic shift,
+// clamped to 0..255.
+inline constexpr Zor8u fourTap(int a, int b, int c, int d) { return clampByte(asr(9 * (b + c) - a - d + 8, 4)); }
+
 // Byte saturation by table: entries for every v in -Low..High, holding v
 // clamped to 0..255. A family whose intermediates are documented as table
 // reads states its own index range; the stored bytes equal clampByte.

@@ -20,13 +20,12 @@ ZOR_PLAIN_LOOP void decodeShared(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int
     });
 }
 
-// The chroma half-way between rows 1 and 2 of four: (-r0 + 9 r1 + 9 r2 - r3
-// + 8) >> 4, clamped to 0..255.
+// The chroma half-way between rows 1 and 2 of four (the four-tap filter).
 template <class T>
 ZOR_PLAIN_LOOP void halfwayRow(RowC<const T, 1> r0, RowC<const T, 1> r1, RowC<const T, 1> r2, RowC<const T, 1> r3, RowC<T, 1> out,
                 int width) {
     for (int k = 0; k < width; ++k)
-        out.p[k] = clampByte(asr(9 * (r1.p[k] + r2.p[k]) - (r0.p[k] + r3.p[k]) + 8, 4));
+        out.p[k] = fourTap(r0.p[k], r1.p[k], r2.p[k], r3.p[k]);
 }
 
 // ---------------------------------------------------------------------------
