@@ -97,7 +97,7 @@ struct Curve32f {
 // The row kernel: the three colour samples of each pixel through the map, a
 // fourth sample left alone.
 template <class L, class T, class Map>
-void innerGamma(RowIn<L, const T> s, RowIn<L, T> d, int width, Map map) {
+void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
     for (std::ptrdiff_t i = 0; i < width; ++i)
         for (int k = 0; k < 3; ++k) L::at(d, i, k) = map(L::at(s, i, k));
 }

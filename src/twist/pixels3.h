@@ -1,44 +1,19 @@
-// Three-channel images of the colour twist and gamma functions: the pixel
-// layouts their kernels are written over, their check order, and their run:
-// serial rows with one value that each call prepares once (a copy of the
-// matrix, a curve's range, a table).
-//
-//   Chans<3>  C3: three interleaved samples per pixel
-//   Chans<4>  C4 and AC4: four per pixel (the three-channel kernels leave the
-//             fourth alone)
-//   Planes    P3: sample k of pixel i at plane k, index i
+// Three-channel images of the colour twist and gamma functions: their check
+// order and their run, serial rows with one value that each call prepares
+// once (a copy of the matrix, a curve's range, a table). Their kernels are
+// written over the layouts of core/pixels.h: Interleaved<3> (C3),
+// Interleaved<4> (C4 and AC4; the three-channel kernels leave the fourth
+// sample alone) and Planar (P3).
 #pragma once
 
 #include "core/checks.h"
 #include "core/image.h"
+#include "core/pixels.h"
 #include "core/rows.h"
 
 #include <cstddef>
 
 namespace zor {
-
-template <int N>
-struct Chans {
-    template <class T>
-    using Row = RowC<T, N>;
-    template <class T>
-    static T& at(RowC<T, N> r, std::ptrdiff_t i, int k) {
-        return r.p[i * N + k];
-    }
-};
-
-struct Planes {
-    template <class T>
-    using Row = Row3<T>;
-    template <class T>
-    static T& at(Row3<T> r, std::ptrdiff_t i, int k) {
-        return r.p[k][i];
-    }
-};
-
-// The row type of layout L over samples T (the video layouts call it RowOf).
-template <class L, class T>
-using RowIn = typename L::template Row<T>;
 
 // Null pointers (the planes and the function's own pointers included), then
 // the size, then every step at least 1.

@@ -52,7 +52,7 @@ inline float twistChannel(const float* t, float x0, float x1, float x2) {
 // The 3x4 twist over layout L and samples T. All three inputs of a pixel are
 // read before any output is written, so in place gives the same result.
 template <class L, class T>
-void innerColorTwist(RowIn<L, const T> s, RowIn<L, T> d, int width, Matrix<3> m) {
+void innerColorTwist(RowOf<L, const T> s, RowOf<L, T> d, int width, Matrix<3> m) {
     for (std::ptrdiff_t i = 0; i < width; ++i) {
         const float x0 = static_cast<float>(L::at(s, i, 0));
         const float x1 = static_cast<float>(L::at(s, i, 1));
