@@ -32,7 +32,7 @@ struct GrayRun {
     static ZorStatus run(ZoriSize roi, const Images& images, const std::tuple<Extras...>& extras) {
         const Zor32f* caller = nullptr;
         if constexpr (sizeof...(Extras) == 1) caller = std::get<0>(extras).value();
-        return Rows<Serial, KernelSet<Member, grayTables>, Fuse<1>>::run(
+        return Rows<Serial, GrayK<Member>, Fuse<1>>::run(
             roi, images, std::make_tuple(Value<GrayWeights<T>>{grayWeights<T>(caller)}));
     }
 };

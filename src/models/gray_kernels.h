@@ -85,13 +85,6 @@ void gray(RowC<const T, N> s, RowC<T, 1> d, int width, GrayWeights<T> k) {
     X(c3f32, gray, (Zor32f, 3))        \
     X(ac4f32, gray, (Zor32f, 4))
 
-struct GrayKernels {
-    ZOR_GRAY_KERNELS(ZOR_KERNEL_MEMBER)
-};
-
-inline constexpr GrayKernels kGrayScalar = {ZOR_GRAY_KERNELS(ZOR_KERNEL_POINTER)};
-
-// The tables by target (scalar first); defined with the vector kernels.
-const GrayKernels* const* grayTables();
+ZOR_KERNEL_TABLE(GrayKernels, ZOR_GRAY_KERNELS, kGrayScalar, grayTables, GrayK)
 
 }  // namespace zor

@@ -268,16 +268,6 @@ void yuvDecode420(Row3<const Zor8u, 2> s0, Row3<const Zor8u, 2> s1, RowOf<D, Zor
     X(decode420P3C4Rounded, yuvDecode420, (kYuvRounded, PixC4Zero))         \
     X(decode420P3Bgr, yuvDecode420, (kYuv, PixBgrC3))
 
-struct YuvKernels {
-    ZOR_YUV_KERNELS(ZOR_KERNEL_MEMBER)
-};
-
-inline constexpr YuvKernels kYuvScalar = {ZOR_YUV_KERNELS(ZOR_KERNEL_POINTER)};
-
-// The tables by target (scalar first); defined with the vector kernels.
-const YuvKernels* const* yuvTables();
-
-template <auto Member>
-using YuvK = KernelSet<Member, yuvTables>;
+ZOR_KERNEL_TABLE(YuvKernels, ZOR_YUV_KERNELS, kYuvScalar, yuvTables, YuvK)
 
 }  // namespace zor
