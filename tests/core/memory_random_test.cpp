@@ -51,54 +51,39 @@ TEST(Memory, ThirtySixExtraBytesAndFailingAllocator) {
     zor::setAllocHook(nullptr);
 }
 
+// Reads a field of the state record at a byte offset.
+template <class F>
+F field(const void* state, int offset) {
+    F v;
+    std::memcpy(&v, static_cast<const unsigned char*>(state) + offset, sizeof v);
+    return v;
+}
+
 TEST(RandUniform, StateRecordLayout) {
     ZorRandUniState_16s* s = nullptr;
     ASSERT_EQ(zorsRandUniformInitAlloc_16s(&s, -7, 1024, 5u), zorStsOk);
-    const unsigned char* raw = reinterpret_cast<const unsigned char*>(s);
-    std::uint32_t u;
-    std::int16_t lo, hi;
-    double mean, scale;
-    std::int32_t carry;
-    std::memcpy(&u, raw + 0, 4);
-    EXPECT_EQ(u, 36u);
-    std::memcpy(&u, raw + 4, 4);
-    EXPECT_EQ(u, 5u);
-    std::memcpy(&lo, raw + 8, 2);
-    std::memcpy(&hi, raw + 10, 2);
-    EXPECT_EQ(lo, -7);
-    EXPECT_EQ(hi, 1024);
-    std::memcpy(&mean, raw + 16, 8);
-    std::memcpy(&scale, raw + 24, 8);
-    EXPECT_EQ(mean, 508.5);
-    EXPECT_EQ(scale, 1031 * 2.3283064365387e-10);
-    std::uint64_t bits;
-    const double k = 2.3283064365387e-10;
-    std::memcpy(&bits, &k, 8);
-    EXPECT_EQ(bits, 0x3DF0000000000007ull);
-    std::memcpy(&u, raw + 32, 4);
-    EXPECT_EQ(u, 1131199209u);
-    std::memcpy(&u, raw + 36, 4);
-    EXPECT_EQ(u, 5u);
-    std::memcpy(&u, raw + 40, 4);
-    EXPECT_EQ(u, 69069u * 5u + 1013904243u);
-    std::memcpy(&u, raw + 44, 4);
-    EXPECT_EQ(u, 69069u * (69069u * 5u + 1013904243u) + 1013904243u);
-    std::memcpy(&carry, raw + 48, 4);
-    EXPECT_EQ(carry, -1);
+    const std::uint32_t w2 = 69069u * 5u + 1013904243u;
+    EXPECT_EQ(field<std::uint32_t>(s, 0), 36u);
+    EXPECT_EQ(field<std::uint32_t>(s, 4), 5u);
+    EXPECT_EQ(field<std::int16_t>(s, 8), -7);
+    EXPECT_EQ(field<std::int16_t>(s, 10), 1024);
+    EXPECT_EQ(field<double>(s, 16), 508.5);
+    const double k = 2.3283064365387e-10;  // 2^-32 plus 7 units in the last place
+    EXPECT_EQ(field<std::uint64_t>(&k, 0), 0x3DF0000000000007ull);
+    EXPECT_EQ(field<double>(s, 24), 1031 * k);
+    EXPECT_EQ(field<std::uint32_t>(s, 32), 1131199209u);
+    EXPECT_EQ(field<std::uint32_t>(s, 36), 5u);
+    EXPECT_EQ(field<std::uint32_t>(s, 40), w2);
+    EXPECT_EQ(field<std::uint32_t>(s, 44), 69069u * w2 + 1013904243u);
+    EXPECT_EQ(field<std::int32_t>(s, 48), -1);
     EXPECT_EQ(zorsRandUniformFree_16s(s), zorStsOk);
 
     ZorRandUniState_32f* f = nullptr;
     ASSERT_EQ(zorsRandUniformInitAlloc_32f(&f, 0.25f, 1.5f, 9u), zorStsOk);
-    raw = reinterpret_cast<const unsigned char*>(f);
-    std::memcpy(&u, raw, 4);
-    EXPECT_EQ(u, 37u);
-    float flo, fhi;
-    std::memcpy(&flo, raw + 8, 4);
-    std::memcpy(&fhi, raw + 12, 4);
-    EXPECT_EQ(flo, 0.25f);
-    EXPECT_EQ(fhi, 1.5f);
-    std::memcpy(&mean, raw + 16, 8);
-    EXPECT_EQ(mean, 0.875);
+    EXPECT_EQ(field<std::uint32_t>(f, 0), 37u);
+    EXPECT_EQ(field<float>(f, 8), 0.25f);
+    EXPECT_EQ(field<float>(f, 12), 1.5f);
+    EXPECT_EQ(field<double>(f, 16), 0.875);
     EXPECT_EQ(zorsRandUniformFree_32f(f), zorStsOk);
 }
 

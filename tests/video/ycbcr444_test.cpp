@@ -1,31 +1,22 @@
-// 4:4:4 YCbCr <-> RGB/BGR: every member against a model of the equations,
-// over every input and on whole padded buffers (alpha, padding, negative
-// steps), the two decoder sets, and the check order of each member.
-#include "support/testutil.h"
+// 4:4:4 YCbCr <-> RGB/BGR: every member against the per-pixel models, over
+// every input and on whole padded buffers (alpha, padding, negative steps),
+// the two decoder sets, and the check order of each member.
+#include "subsampled_ref.h"
 
 #include <array>
 
 namespace {
 
-using zt::Image;
-using zt::Planes3;
 using A3 = std::array<int, 3>;
+using ref::Img;
 
-// The equations, written from the formulas (64-bit, floor division).
-int floor16(long long v) { return static_cast<int>(v >= 0 ? v / 65536 : -((-v + 65535) / 65536)); }
-int clamp255(int v) { return v < 0 ? 0 : v > 255 ? 255 : v; }
 A3 encode(int r, int g, int b) {
-    return {floor16(16843LL * r + 33030 * g + 6423 * b + 1081344),
-            floor16(-9699LL * r - 19071 * g + 28770 * b + 8421376),
-            floor16(28770LL * r - 24117 * g - 4653 * b + 8421376)};
+    return {ref::yOf({r, g, b}, ref::kRounded), ref::chroma(ref::pcb(r, g, b), 16, 32768),
+            ref::chroma(ref::pcr(r, g, b), 16, 32768)};
 }
-// Set A truncates; set B has coefficients 2/65536 smaller and adds a half.
 A3 decode(int y, int cb, int cr, bool setB) {
-    const long long d = cb - 128, e = cr - 128, k = setB ? 76282 : 76284, h = setB ? 32768 : 0;
-    const long long l = k * (y - 16) + h;
-    return {clamp255(floor16(l + (setB ? 104593 : 104595) * e)),
-            clamp255(floor16(l - (setB ? 25689 : 25690) * d - (setB ? 53279 : 53281) * e)),
-            clamp255(floor16(l + (setB ? 132184 : 132186) * d))};
+    const ref::Rgb c = ref::setA_B(y, cb, cr, setB);
+    return {c.r, c.g, c.b};
 }
 
 TEST(YCbCr444, KnownColoursAndTheTwoDecoderSets) {
@@ -47,8 +38,8 @@ TEST(YCbCr444, KnownColoursAndTheTwoDecoderSets) {
 }
 
 TEST(YCbCr444, EveryInputThroughTheEncoderAndBothDecoderSets) {
-    Image<Zor8u> in(4096, 4096, 3, 0), a(4096, 4096, 3, 0), b(4096, 4096, 3, 0), c(4096, 4096, 3, 0);
-    Planes3<Zor8u> planes(4096, 4096, 0);
+    Img in(4096, 4096, 3, 0), a(4096, 4096, 3, 0), b(4096, 4096, 3, 0), c(4096, 4096, 3, 0);
+    zt::Planes3<Zor8u> planes(4096, 4096, 0);
     for (int i = 0; i < (1 << 24); ++i)
         for (int k = 0; k < 3; ++k) in.data()[3 * i + k] = planes.p[k].data()[i] = Zor8u(i >> (16 - 8 * k));
     const ZoriSize all{4096, 4096};
@@ -70,55 +61,40 @@ TEST(YCbCr444, EveryInputThroughTheEncoderAndBothDecoderSets) {
 // expected buffer is a copy of the destination with the model's values in the
 // converted samples only (alpha and padding keep theirs; aval fills BGRA).
 enum Side { kC3, kAC4, kP3, kBgrC3, kBgrC4 };
-
-// The images of one call, seen top-down or bottom-up.
-struct Call {
-    Image<Zor8u>& si;
-    Planes3<Zor8u>& sp;
-    Image<Zor8u>& di;
-    Planes3<Zor8u>& dp;
-    bool flip;
-    ZoriSize z;
-    int last() const { return flip ? z.height - 1 : 0; }
-    const Zor8u* s() const { return si.row(last()); }
-    Zor8u* d() const { return di.row(last()); }
-    int ss() const { return flip ? -si.step() : si.step(); }
-    int ds() const { return flip ? -di.step() : di.step(); }
-    const Zor8u* const* sP() const { return flip ? sp.flippedCptr() : sp.cptr(); }
-    Zor8u* const* dP() const { return flip ? dp.flippedPtr() : dp.ptr(); }
-    int sps() const { return flip ? -sp.step() : sp.step(); }
-    int dps() const { return flip ? -dp.step() : dp.step(); }
-};
-
 struct Member {
     const char* name;
     Side src, dst;
     int model;  // 0 encoder, 1 set A, 2 set B
-    ZorStatus (*run)(const Call&);
+    ZorStatus (*run)(ref::View s, zt::Planes3<Zor8u>& sp, ref::View d, zt::Planes3<Zor8u>& dp, ZoriSize z);
 };
 
+// Planes with one step, seen the way the view v is.
+#define ZT_S(v, p) (v.flip ? p.flippedCptr() : p.cptr()), (v.flip ? -p.step() : p.step())
+#define ZT_D(v, p) (v.flip ? p.flippedPtr() : p.ptr()), (v.flip ? -p.step() : p.step())
+#define ZT_ARGS ref::View s, zt::Planes3<Zor8u>&sp, ref::View d, zt::Planes3<Zor8u>&dp, ZoriSize z
+#define ZT_II(f) [](ZT_ARGS) { return (void)sp, (void)dp, f(s.ptr(), s.step(), d.ptr(), d.step(), z); }
+#define ZT_PP(f) [](ZT_ARGS) { return f(ZT_S(s, sp), ZT_D(d, dp), z); }
+#define ZT_PI(f, ...) [](ZT_ARGS) { return (void)dp, f(ZT_S(s, sp), d.ptr(), d.step(), z __VA_ARGS__); }
 const Member kMembers[] = {
-    {"RGBToYCbCr C3", kC3, kC3, 0, [](const Call& c) { return zoriRGBToYCbCr_8u_C3R(c.s(), c.ss(), c.d(), c.ds(), c.z); }},
-    {"RGBToYCbCr AC4", kAC4, kAC4, 0, [](const Call& c) { return zoriRGBToYCbCr_8u_AC4R(c.s(), c.ss(), c.d(), c.ds(), c.z); }},
-    {"YCbCrToRGB C3", kC3, kC3, 1, [](const Call& c) { return zoriYCbCrToRGB_8u_C3R(c.s(), c.ss(), c.d(), c.ds(), c.z); }},
-    {"YCbCrToRGB AC4", kAC4, kAC4, 1, [](const Call& c) { return zoriYCbCrToRGB_8u_AC4R(c.s(), c.ss(), c.d(), c.ds(), c.z); }},
-    {"RGBToYCbCr P3", kP3, kP3, 0, [](const Call& c) { return zoriRGBToYCbCr_8u_P3R(c.sP(), c.sps(), c.dP(), c.dps(), c.z); }},
-    {"YCbCrToRGB P3", kP3, kP3, 1, [](const Call& c) { return zoriYCbCrToRGB_8u_P3R(c.sP(), c.sps(), c.dP(), c.dps(), c.z); }},
-    {"YCbCrToRGB P3C3", kP3, kC3, 2, [](const Call& c) { return zoriYCbCrToRGB_8u_P3C3R(c.sP(), c.sps(), c.d(), c.ds(), c.z); }},
-    {"YCbCrToBGR P3C3", kP3, kBgrC3, 2, [](const Call& c) { return zoriYCbCrToBGR_8u_P3C3R(c.sP(), c.sps(), c.d(), c.ds(), c.z); }},
-    {"YCbCrToBGR P3C4", kP3, kBgrC4, 2,
-     [](const Call& c) { return zoriYCbCrToBGR_8u_P3C4R(c.sP(), c.sps(), c.d(), c.ds(), c.z, 0xA7); }},
+    {"RGBToYCbCr C3", kC3, kC3, 0, ZT_II(zoriRGBToYCbCr_8u_C3R)},
+    {"RGBToYCbCr AC4", kAC4, kAC4, 0, ZT_II(zoriRGBToYCbCr_8u_AC4R)},
+    {"YCbCrToRGB C3", kC3, kC3, 1, ZT_II(zoriYCbCrToRGB_8u_C3R)},
+    {"YCbCrToRGB AC4", kAC4, kAC4, 1, ZT_II(zoriYCbCrToRGB_8u_AC4R)},
+    {"RGBToYCbCr P3", kP3, kP3, 0, ZT_PP(zoriRGBToYCbCr_8u_P3R)},
+    {"YCbCrToRGB P3", kP3, kP3, 1, ZT_PP(zoriYCbCrToRGB_8u_P3R)},
+    {"YCbCrToRGB P3C3", kP3, kC3, 2, ZT_PI(zoriYCbCrToRGB_8u_P3C3R)},
+    {"YCbCrToBGR P3C3", kP3, kBgrC3, 2, ZT_PI(zoriYCbCrToBGR_8u_P3C3R)},
+    {"YCbCrToBGR P3C4", kP3, kBgrC4, 2, ZT_PI(zoriYCbCrToBGR_8u_P3C4R, , 0xA7)},
 };
 
 TEST(YCbCr444, EveryMemberOnPaddedImagesBothWays) {
     for (const Member& m : kMembers) {
         for (ZoriSize z : {ZoriSize{1, 1}, ZoriSize{7, 3}, ZoriSize{37, 17}, ZoriSize{2, 9}}) {
-            for (int flipped : {0, 1}) {
+            for (bool flip : {false, true}) {
                 const int sch = m.src == kAC4 ? 4 : 3, dch = m.dst == kAC4 || m.dst == kBgrC4 ? 4 : 3;
-                Image<Zor8u> si(z.width, z.height, sch, 3, 11), di(z.width, z.height, dch, 6, 12);
-                Planes3<Zor8u> sp(z.width, z.height, 4, 21), dp(z.width, z.height, 4, 31);
-                Image<Zor8u> wantI = di;
-                Planes3<Zor8u> wantP = dp;
+                Img si(z.width, z.height, sch, 3, 11), di(z.width, z.height, dch, 6, 12);
+                zt::Planes3<Zor8u> sp(z.width, z.height, 4, 21), dp(z.width, z.height, 4, 31), wantP = dp;
+                Img wantI = di;
                 for (int y = 0; y < z.height; ++y)
                     for (int x = 0; x < z.width; ++x) {
                         A3 v;
@@ -129,7 +105,7 @@ TEST(YCbCr444, EveryMemberOnPaddedImagesBothWays) {
                             (m.dst == kP3 ? wantP.p[k].at(x, y) : wantI.at(x, y, k)) = Zor8u(o[k]);
                         if (m.dst == kBgrC4) wantI.at(x, y, 3) = 0xA7;
                     }
-                ASSERT_EQ(m.run(Call{si, sp, di, dp, flipped == 1, z}), zorStsOk) << m.name;
+                ASSERT_EQ(m.run(ref::View{&si, flip}, sp, ref::View{&di, flip}, dp, z), zorStsOk) << m.name;
                 EXPECT_TRUE(di == wantI && dp == wantP) << m.name << ' ' << z.width << 'x' << z.height;
             }
         }
@@ -138,10 +114,10 @@ TEST(YCbCr444, EveryMemberOnPaddedImagesBothWays) {
 
 // Check order: each probe returns its status and leaves the destination alone.
 TEST(YCbCr444, CheckOrder) {
-    Image<Zor8u> src(4, 4, 4), dst(4, 4, 4);
-    Planes3<Zor8u> sp(4, 4), dp(4, 4);
-    const Image<Zor8u> before = dst;
-    const Planes3<Zor8u> beforeP = dp;
+    Img src(4, 4, 4), dst(4, 4, 4);
+    zt::Planes3<Zor8u> sp(4, 4), dp(4, 4);
+    const Img before = dst;
+    const zt::Planes3<Zor8u> beforeP = dp;
     for (auto fn : {zoriRGBToYCbCr_8u_C3R, zoriRGBToYCbCr_8u_AC4R, zoriYCbCrToRGB_8u_C3R, zoriYCbCrToRGB_8u_AC4R}) {
         EXPECT_EQ(fn(nullptr, 16, dst.data(), 16, {4, 4}), zorStsNullPtr);
         EXPECT_EQ(fn(src.data(), 16, nullptr, 16, {0, 4}), zorStsNullPtr);  // pointers before size
