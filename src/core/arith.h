@@ -22,6 +22,9 @@ inline constexpr Zor8u clampByte(std::int32_t v) { return static_cast<Zor8u>(v <
 // clamped to 0..255.
 inline constexpr Zor8u fourTap(int a, int b, int c, int d) { return clampByte(asr(9 * (b + c) - a - d + 8, 4)); }
 
+// The 4x4 Bayer order of the ordered dithers, indexed [y & 3][x & 3].
+inline constexpr int kBayerOrder[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
+
 // Byte saturation by table: entries for every v in -Low..High, holding v
 // clamped to 0..255. A family whose intermediates are documented as table
 // reads states its own index range; the stored bytes equal clampByte.

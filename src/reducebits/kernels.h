@@ -42,19 +42,22 @@ void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
 // inclusive (index / 15, not (index + 0.5) / 16): the entry 0 rounds up every
 // sample with a non-zero remainder and the entry 1 never does. The phase is
 // tied to the region of interest.
-inline constexpr float kBayer[16] = {
-    0.0f / 15,  8.0f / 15, 2.0f / 15,  10.0f / 15,  //
-    12.0f / 15, 4.0f / 15, 14.0f / 15, 6.0f / 15,   //
-    3.0f / 15,  11.0f / 15, 1.0f / 15, 9.0f / 15,   //
-    15.0f / 15, 7.0f / 15, 13.0f / 15, 5.0f / 15,   //
+struct BayerUnit {
+    float t[16];
 };
+constexpr BayerUnit bayerUnit() {
+    BayerUnit b{};
+    for (int i = 0; i < 16; ++i) b.t[i] = static_cast<float>(kBayerOrder[i / 4][i % 4]) / 15;
+    return b;
+}
+inline constexpr BayerUnit kBayer = bayerUnit();
 inline int bayerIndex(int x, int y) { return (y & 3) * 4 + (x & 3); }
 
 // The matrix scaled by the step once per call.
 struct BayerMatrix {
     float t[16];
     explicit BayerMatrix(float step) {
-        for (int i = 0; i < 16; ++i) t[i] = kBayer[i] * step;
+        for (int i = 0; i < 16; ++i) t[i] = kBayer.t[i] * step;
     }
     float operator()(int x, int y) const { return t[bayerIndex(x, y)]; }
 };
@@ -63,7 +66,7 @@ struct BayerMatrix {
 struct BayerNoise {
     const NoiseTables* noise;
     float step;
-    float operator()(int x, int y) const { return (kBayer[bayerIndex(x, y)] + noise->at(x, y)) * step; }
+    float operator()(int x, int y) const { return (kBayer.t[bayerIndex(x, y)] + noise->at(x, y)) * step; }
 };
 
 // All channels of a pixel share its threshold. 16-bit sources clamp to the

@@ -16,10 +16,18 @@ namespace zor {
 // Dither thresholds, indexed [y & 3][x & 3] with (x, y) the position inside
 // the region: [0] for 5- and 6-bit fields, [1] (stored right after it) for
 // 4-bit fields. Both follow the 4x4 Bayer order; the second is it times 289.
-inline constexpr std::int32_t _bayer_thresh_int[2][4][4] = {
-    {{0, 1118, 279, 1398}, {1678, 559, 1957, 839}, {419, 1538, 139, 1258}, {2097, 978, 1817, 699}},
-    {{0, 2312, 578, 2890}, {3468, 1156, 4046, 1734}, {867, 3179, 289, 2601}, {4335, 2023, 3757, 1445}},
+struct BayerThresholds {
+    std::int32_t t[2][4][4];
+    constexpr const std::int32_t (&operator[](int k) const)[4][4] { return t[k]; }
 };
+constexpr BayerThresholds bayerThresholds() {
+    BayerThresholds b{{{{0, 1118, 279, 1398}, {1678, 559, 1957, 839}, {419, 1538, 139, 1258}, {2097, 978, 1817, 699}}}};
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 4; ++x) b.t[1][y][x] = kBayerOrder[y][x] * 289;
+    return b;
+}
+inline constexpr BayerThresholds _bayer_thresh_int = bayerThresholds();
+static_assert(_bayer_thresh_int[0][3][0] == 2097 && _bayer_thresh_int[1][3][0] == 4335, "the documented thresholds");
 
 // ---------------------------------------------------------------------------
 // Output formats. The name lists the channels from the low end of the word
