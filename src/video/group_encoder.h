@@ -101,9 +101,5 @@ inline Rgb8 pixelOf(SrcRow<S> s, std::ptrdiff_t i) {
     return p;
 }
 
-// The status of a conversion that rounds the size down to whole groups.
-inline ZorStatus roundedSizeStatus(ZoriSize roi, int multipleW, int multipleH) {
-    return (roi.width % multipleW != 0 || roi.height % multipleH != 0) ? zorStsOddSizeWarning : zorStsOk;
-}
 
 }  // namespace zor
