@@ -26,19 +26,7 @@ jobs=$(nproc)
 export OMP_WAIT_POLICY=passive
 
 # What the benchmark needs beyond the build itself.
-scripts/deps.sh
-pkgs=(libyuv-dev libopencv-dev python3-matplotlib)
-missing=()
-for p in "${pkgs[@]}"; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    echo "installing: ${missing[*]}"
-    sudo_cmd=""
-    [ "$(id -u)" -ne 0 ] && sudo_cmd="sudo"
-    $sudo_cmd apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive $sudo_cmd apt-get install -y -qq "${missing[@]}" >/dev/null
-fi
+scripts/deps.sh libyuv-dev libopencv-dev python3-matplotlib
 
 echo "== release build in $build"
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DZORCC_SANITIZE=OFF \
