@@ -244,8 +244,8 @@ public:
             frame_ = frameBytes(yuv_, raw.width, raw.height);
         }
         const long long size = in_->remaining();
-        if (size == 0 || size % static_cast<long long>(frame_) != 0)
-            throw std::runtime_error(mismatch(size < 0 ? "" : std::to_string(size) + " bytes"));
+        if (size == 0 || (size > 0 && size % static_cast<long long>(frame_) != 0))
+            throw std::runtime_error(mismatch(size == 0 ? "" : std::to_string(size) + " bytes"));
         count_ = size < 0 ? 0 : static_cast<int>(size / static_cast<long long>(frame_));
     }
 
