@@ -57,6 +57,7 @@ std::string extensionOf(const std::string& path) {
 
 InputFile::InputFile(const std::string& path) : name_(path == "-" ? "standard input" : path) {
     if (path == "-") {
+        if (::isatty(STDIN_FILENO)) throw std::runtime_error("standard input is a terminal: pipe a file into it");
         file_ = stdin;
     } else {
         file_ = std::fopen(path.c_str(), "rb");
