@@ -30,7 +30,7 @@ Examples:
   # One frame of a Y4M video (8 bits, or 9 to 16 bits reduced to 8) to PNG
   zorcc convert clip.y4m frame10.png --op decode --frame 10
   # 10-bit video to 8-bit 4:2:0 with Floyd-Steinberg dither, through pipes
-  ffmpeg -i in.mkv -pix_fmt yuv420p10le -f yuv4mpegpipe - | zorcc convert - out.y4m --op relayout --to i420 --in-dither fs
+  ffmpeg -i in.mkv -pix_fmt yuv420p10le -strict -1 -f yuv4mpegpipe - | zorcc convert - out.y4m --op relayout --to i420 --in-dither fs
   # PNG to raw NV12, and back to look at it
   zorcc convert photo.png photo.nv12 --op encode --to nv12
   zorcc convert photo.nv12 check.png --op decode --size 1280x720 --format nv12
