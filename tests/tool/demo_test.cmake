@@ -13,6 +13,9 @@ if(NOT out MATCHES "tour of the families" OR NOT out MATCHES "RGB565, ordered di
    OR NOT out MATCHES "YCoCg reversible round trip +[0-9.]+ +[0-9.]+ +0 ")
   message(FATAL_ERROR "zorcc demo did not report its tour (or YCoCg was not exact):\n${out}")
 endif()
+if(NOT out MATCHES "lossy by design.*4:2:0.*XYZ")
+  message(FATAL_ERROR "zorcc demo did not say which round trips lose detail:\n${out}")
+endif()
 foreach(name card luma roundtrip_truncating roundtrip_rounding error_x32
         tour_420 tour_rgb565_dither tour_lab tour_gamma_curve tour_reduce_fs tour_reduce_bayer tour_ycocg)
   set(f ${OUT}/${name}.png)

@@ -8,22 +8,6 @@ namespace {
 using namespace tt;
 using zorcc_tool::YuvFormat;
 
-// Runs a failing conversion and checks what it leaves behind.
-void fails(const fs::path& d, const std::string& args, const std::string& needle, const char* output = "out.png") {
-    const auto before = listing(d);
-    const Result r = zorcc(d, args);
-    EXPECT_NE(r.code, 0) << args;
-    EXPECT_NE(r.code, 128 + 6) << "aborted: " << r.err;
-    EXPECT_NE(r.code, 128 + 11) << "crashed: " << r.err;
-    // Exactly one line, naming the problem.
-    ASSERT_FALSE(r.err.empty()) << args;
-    EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << r.err;
-    EXPECT_EQ(r.err.rfind("zorcc: ", 0), 0u) << r.err;
-    EXPECT_NE(r.err.find(needle), std::string::npos) << "'" << needle << "' not in: " << r.err;
-    EXPECT_FALSE(fs::exists(d / output)) << args;
-    EXPECT_EQ(listing(d), before) << args;
-}
-
 TEST(ToolErrors, TruncatedY4m) {
     const fs::path d = scratch();
     std::vector<zorcc_tool::YuvFrame> frames = {randomFrame(YuvFormat::I420, 8, 4, 1), randomFrame(YuvFormat::I420, 8, 4, 2)};

@@ -46,11 +46,12 @@ inline std::string slurpText(const fs::path& p) {
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-// Runs `zorcc ARGS` with the working folder `dir`.
-inline Result zorcc(const fs::path& dir, const std::string& args) {
+// Runs `zorcc ARGS` with the working folder `dir`; `prefix` goes before it
+// on the shell's command line (a pipe into it, a ulimit).
+inline Result zorcc(const fs::path& dir, const std::string& args, const std::string& prefix = "") {
     const fs::path err = dir / "stderr.txt", out = dir / "stdout.txt";
-    const std::string cmd = "cd '" + dir.string() + "' && '" + std::string(ZORCC_EXE) + "' " + args + " >'" +
-                            out.string() + "' 2>'" + err.string() + "'";
+    const std::string cmd = "cd '" + dir.string() + "' && " + prefix + " '" + std::string(ZORCC_EXE) + "' " + args +
+                            " >'" + out.string() + "' 2>'" + err.string() + "'";
     const int st = std::system(cmd.c_str());
     Result r;
     r.code = WIFEXITED(st) ? WEXITSTATUS(st) : 128 + WTERMSIG(st);
@@ -61,9 +62,11 @@ inline Result zorcc(const fs::path& dir, const std::string& args) {
     return r;
 }
 
+inline void ok(const Result& r) { ASSERT_EQ(r.code, 0) << r.err; }
+
 inline std::vector<std::uint8_t> slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    const std::string s = slurpText(p);
+    return {s.begin(), s.end()};
 }
 
 inline void spit(const fs::path& p, const std::vector<std::uint8_t>& bytes) {
@@ -94,17 +97,23 @@ inline std::vector<std::uint8_t> rawOf(const zorcc_tool::YuvFrame& f) {
     return v;
 }
 
-inline std::vector<std::uint8_t> y4mOf(const std::vector<zorcc_tool::YuvFrame>& frames, const char* tag) {
-    const std::string head = "YUV4MPEG2 W" + std::to_string(frames[0].width) + " H" + std::to_string(frames[0].height) +
-                             " F30000:1001 Ip A1:1 C" + tag + " XYSCSS=420JPEG\n";
+// A Y4M stream: the header's tags after W and H, then each frame's bytes.
+inline std::vector<std::uint8_t> y4mBytes(int w, int h, const std::string& tags,
+                                          const std::vector<std::vector<std::uint8_t>>& frames) {
+    const std::string head = "YUV4MPEG2 W" + std::to_string(w) + " H" + std::to_string(h) + " " + tags + "\n";
     std::vector<std::uint8_t> v(head.begin(), head.end());
     for (const auto& f : frames) {
         const std::string fh = "FRAME\n";
         v.insert(v.end(), fh.begin(), fh.end());
-        const auto r = rawOf(f);
-        v.insert(v.end(), r.begin(), r.end());
+        v.insert(v.end(), f.begin(), f.end());
     }
     return v;
+}
+
+inline std::vector<std::uint8_t> y4mOf(const std::vector<zorcc_tool::YuvFrame>& frames, const char* tag) {
+    std::vector<std::vector<std::uint8_t>> raw;
+    for (const auto& f : frames) raw.push_back(rawOf(f));
+    return y4mBytes(frames[0].width, frames[0].height, std::string("F30000:1001 Ip A1:1 C") + tag + " XYSCSS=420JPEG", raw);
 }
 
 // R and B exchanged (RGB <-> BGR).
@@ -125,6 +134,22 @@ inline std::vector<std::string> listing(const fs::path& dir) {
     for (const auto& e : fs::directory_iterator(dir)) names.push_back(e.path().filename().string());
     std::sort(names.begin(), names.end());
     return names;
+}
+
+// Runs a failing conversion: a non-zero exit, one line on standard error
+// that names the problem, and the folder as it was (no output, no
+// temporary).
+inline void fails(const fs::path& d, const std::string& args, const std::string& needle, const char* output = "out.png") {
+    const auto before = listing(d);
+    const Result r = zorcc(d, args);
+    EXPECT_NE(r.code, 0) << args;
+    EXPECT_LT(r.code, 128) << "killed: " << r.err;
+    ASSERT_FALSE(r.err.empty()) << args;
+    EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << r.err;
+    EXPECT_EQ(r.err.rfind("zorcc: ", 0), 0u) << r.err;
+    EXPECT_NE(r.err.find(needle), std::string::npos) << "'" << needle << "' not in: " << r.err;
+    EXPECT_FALSE(fs::exists(fs::symlink_status(d / output))) << args;
+    EXPECT_EQ(listing(d), before) << args;
 }
 
 }  // namespace tt

@@ -12,6 +12,8 @@ struct ConvertArgs {
     std::string ops;     // one op or a comma-separated chain
     std::string size;    // WxH of a raw input
     std::string format;  // layout of a raw input
+    std::string inFormat, outFormat;  // png|pnm|y4m|raw, or by content and extension
+    std::string inDither = "none";    // how Y4M samples of more than 8 bits become 8
     int frame = -1;      // only this frame (0-based)
     int frames = 0;      // at most this many frames (0: all)
     bool quiet = false;

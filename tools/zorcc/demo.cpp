@@ -143,12 +143,16 @@ void runTour(const Image8& card, const std::filesystem::path& dir) {
             std::printf("%-44s (op %s not built)\n", s.title, missing.c_str());
             continue;
         }
-        Data out;
+        std::vector<Work> work(chain.size());
+        const Data* out = &input;
         const double sec = timeIt([&] {
-            out = input;
-            for (const Op* op : chain) out = op->run(out, o);
+            out = &input;
+            for (std::size_t k = 0; k < chain.size(); ++k) {
+                chain[k]->run(*out, work[k], o);
+                out = &work[k].out;
+            }
         }, 2);
-        const Picture pic = out.kind == Kind::Packed ? Picture(unpackToRgb(out.packed)) : out.image;
+        const Picture pic = out->kind == Kind::Packed ? Picture(unpackToRgb(out->packed)) : out->image;
         std::string err = "";
         if (pic.depth == 8 && pic.channels() == 3 && std::string(s.chain).find(',') != std::string::npos)
             err = std::to_string(compare(card, pic.i8).maxAbs);
@@ -157,6 +161,14 @@ void runTour(const Image8& card, const std::filesystem::path& dir) {
     }
     writePng((dir / "tour_gamma_curve.png").string(), gammaPlot());
     std::printf("%-44s %10s %10s %8s  %s\n", "gamma curves (fwd black, inv blue)", "", "", "", "tour_gamma_curve.png");
+    std::printf("\nlossy by design (the max err column):\n"
+                "  4:2:0, 4:2:2, 4:1:1 keep one chroma pair per 2x2, 2x1, 4x1 pixels: colour edges blur, flat areas\n"
+                "    keep their colour; 8-bit YCbCr also rounds every colour to studio-range codes\n"
+                "  RGB565/RGB444 keep 5-6 and 4 bits per channel; the dither trades banding for a fine pattern\n"
+                "  XYZ: Z of white is above full scale (277 of 255 at 8 bits), and Z saturates at 8 and at 16 bits,\n"
+                "    so bright blues and whites come back darker\n"
+                "  Lab, LUV, HLS, HSV, PhotoYCC: codes of 8 bits round every value\n"
+                "  reduce: 4 levels per channel on purpose; only the reversible YCoCg round trip is exact (0)\n");
 }
 
 }  // namespace

@@ -5,39 +5,42 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
+#include <filesystem>
 #include <stdexcept>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace zorcc_tool {
 
 // ---------------------------------------------------------------------------
-// Atomic files
+// Formats
 
-AtomicFile::AtomicFile(std::string path) : path_(std::move(path)), tmp_(path_ + ".part") {
-    file_ = std::fopen(tmp_.c_str(), "wb");
-    if (file_ == nullptr) throw std::runtime_error("cannot create " + path_ + ": " + std::strerror(errno));
+FileFormat parseFileFormat(const std::string& name) {
+    if (name == "png") return FileFormat::Png;
+    if (name == "pnm" || name == "ppm" || name == "pgm") return FileFormat::Pnm;
+    if (name == "y4m") return FileFormat::Y4m;
+    if (name == "raw") return FileFormat::Raw;
+    throw std::runtime_error("unknown file format '" + name + "' (use png, pnm, y4m or raw)");
 }
 
-AtomicFile::~AtomicFile() {
-    if (file_ != nullptr) {
-        std::fclose(file_);
-        std::remove(tmp_.c_str());
-    }
+FileFormat formatOfExtension(const std::string& path) {
+    const std::string ext = extensionOf(path);
+    if (ext == "png") return FileFormat::Png;
+    if (ext == "ppm" || ext == "pgm" || ext == "pnm") return FileFormat::Pnm;
+    if (ext == "y4m") return FileFormat::Y4m;
+    return FileFormat::Unknown;
 }
 
-void AtomicFile::write(const void* data, std::size_t len) {
-    if (len != 0 && std::fwrite(data, 1, len, file_) != len)
-        throw std::runtime_error("cannot write " + path_ + ": " + std::strerror(errno));
-}
-
-void AtomicFile::commit() {
-    FILE* f = file_;
-    file_ = nullptr;
-    const bool ok = std::fflush(f) == 0 && !std::ferror(f);
-    if (std::fclose(f) != 0 || !ok || std::rename(tmp_.c_str(), path_.c_str()) != 0) {
-        std::remove(tmp_.c_str());
-        throw std::runtime_error("cannot write " + path_);
-    }
+FileFormat sniffFormat(const std::string& head) {
+    if (head.compare(0, 8, "\x89PNG\r\n\x1a\n") == 0) return FileFormat::Png;
+    if (head.compare(0, 9, "YUV4MPEG2") == 0) return FileFormat::Y4m;
+    if (head.size() >= 3 && head[0] == 'P' && std::strchr("2356", head[1]) != nullptr &&
+        std::isspace(static_cast<unsigned char>(head[2])))
+        return FileFormat::Pnm;
+    return FileFormat::Unknown;
 }
 
 std::string extensionOf(const std::string& path) {
@@ -50,6 +53,177 @@ std::string extensionOf(const std::string& path) {
 }
 
 // ---------------------------------------------------------------------------
+// Inputs
+
+InputFile::InputFile(const std::string& path) : name_(path == "-" ? "standard input" : path) {
+    if (path == "-") {
+        if (::isatty(STDIN_FILENO)) throw std::runtime_error("standard input is a terminal: pipe a file into it");
+        file_ = stdin;
+    } else {
+        file_ = std::fopen(path.c_str(), "rb");
+        if (file_ == nullptr) throw std::runtime_error("cannot open " + path + ": " + std::strerror(errno));
+        own_ = true;
+    }
+    struct stat st;
+    if (::fstat(fileno(file_), &st) == 0) {
+        if (S_ISDIR(st.st_mode)) {
+            if (own_) std::fclose(file_);
+            throw std::runtime_error("cannot read " + path + ": it is a folder");
+        }
+        const long at = std::ftell(file_);
+        if (S_ISREG(st.st_mode)) size_ = static_cast<long long>(st.st_size) - (at > 0 ? at : 0);
+    }
+}
+
+InputFile::~InputFile() {
+    if (own_) std::fclose(file_);
+}
+
+std::string InputFile::peek(std::size_t n) {
+    while (pending_.size() - pendingAt_ < n) {
+        const int c = std::fgetc(file_);
+        if (c == EOF) break;
+        pending_.push_back(static_cast<char>(c));
+    }
+    return pending_.substr(pendingAt_, n);
+}
+
+std::size_t InputFile::read(void* dst, std::size_t n) {
+    auto* out = static_cast<std::uint8_t*>(dst);
+    std::size_t got = std::min(n, pending_.size() - pendingAt_);
+    std::memcpy(out, pending_.data() + pendingAt_, got);
+    pendingAt_ += got;
+    if (got < n) got += std::fread(out + got, 1, n - got, file_);
+    if (got < n && std::ferror(file_)) throw std::runtime_error("cannot read " + name_ + ": " + std::strerror(errno));
+    pos_ += static_cast<long long>(got);
+    return got;
+}
+
+int InputFile::get() {
+    std::uint8_t c;
+    return read(&c, 1) == 1 ? c : EOF;
+}
+
+// ---------------------------------------------------------------------------
+// Outputs
+
+namespace {
+
+// Temporaries that a signal must not leave behind: fixed storage, so that
+// the handler only reads memory and calls unlink.
+constexpr int kTempSlots = 8;
+char gTemps[kTempSlots][4096];
+
+extern "C" void removeTempsAndDie(int sig) {
+    for (auto& t : gTemps)
+        if (t[0] != '\0') ::unlink(t);
+    std::signal(sig, SIG_DFL);
+    std::raise(sig);
+}
+
+int registerTemp(const std::string& path) {
+    static const bool installed = [] {
+        for (int sig : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) std::signal(sig, removeTempsAndDie);
+        return true;
+    }();
+    (void)installed;
+    if (path.size() >= sizeof gTemps[0]) return -1;
+    for (int i = 0; i < kTempSlots; ++i)
+        if (gTemps[i][0] == '\0') {
+            std::memcpy(gTemps[i], path.c_str(), path.size() + 1);
+            return i;
+        }
+    return -1;
+}
+
+void releaseTemp(int slot) {
+    if (slot >= 0) gTemps[slot][0] = '\0';
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::string path) : path_(std::move(path)) {
+    if (path_ == "-") {
+        if (::isatty(STDOUT_FILENO)) throw std::runtime_error("standard output is a terminal: redirect it, or name an output file");
+        file_ = stdout;
+        return;
+    }
+    namespace fs = std::filesystem;
+    std::string target = path_;
+    struct stat st;
+    const bool link = ::lstat(path_.c_str(), &st) == 0 && S_ISLNK(st.st_mode);
+    if (link) {
+        std::error_code ec;
+        const fs::path resolved = fs::canonical(path_, ec);
+        if (!ec) target = resolved.string();
+    }
+    const bool exists = ::stat(target.c_str(), &st) == 0;
+    if (exists && S_ISDIR(st.st_mode)) throw std::runtime_error("cannot write " + path_ + ": it is a folder");
+    if ((exists && !S_ISREG(st.st_mode)) || (link && !exists)) {
+        // A FIFO, a device, or a link to a file yet to be made: written as it is.
+        file_ = std::fopen(path_.c_str(), "wb");
+        if (file_ == nullptr) throw std::runtime_error("cannot write " + path_ + ": " + std::strerror(errno));
+        return;
+    }
+    mode_t mode;
+    if (exists) {
+        // access() grants root everything: a file without any write bit is read-only too.
+        if (::access(target.c_str(), W_OK) != 0 || (st.st_mode & 0222) == 0)
+            throw std::runtime_error(path_ + " exists and is read-only (remove it or make it writable first)");
+        mode = st.st_mode & 07777;
+    } else {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        mode = 0666 & ~mask;
+    }
+    target_ = target;
+    std::string tmpl = target + ".part-XXXXXX";
+    const int fd = ::mkstemp(tmpl.data());
+    if (fd < 0) throw std::runtime_error("cannot create " + path_ + ": " + std::strerror(errno));
+    tmp_ = tmpl;
+    slot_ = registerTemp(tmp_);
+    ::fchmod(fd, mode);
+    file_ = ::fdopen(fd, "wb");
+    if (file_ == nullptr) {
+        ::close(fd);
+        ::unlink(tmp_.c_str());
+        releaseTemp(slot_);
+        throw std::runtime_error("cannot create " + path_ + ": " + std::strerror(errno));
+    }
+}
+
+OutputFile::~OutputFile() {
+    if (file_ == nullptr) return;
+    if (file_ == stdout) {
+        std::fflush(stdout);
+        return;
+    }
+    std::fclose(file_);
+    if (!tmp_.empty()) {
+        ::unlink(tmp_.c_str());
+        releaseTemp(slot_);
+    }
+}
+
+void OutputFile::write(const void* data, std::size_t len) {
+    if (len != 0 && std::fwrite(data, 1, len, file_) != len)
+        throw std::runtime_error("cannot write " + path_ + ": " + std::strerror(errno));
+}
+
+void OutputFile::commit() {
+    FILE* f = file_;
+    file_ = nullptr;
+    bool ok = std::fflush(f) == 0 && !std::ferror(f);
+    if (f != stdout) ok = std::fclose(f) == 0 && ok;
+    if (!tmp_.empty()) {
+        ok = ok && std::rename(tmp_.c_str(), target_.c_str()) == 0;
+        if (!ok) ::unlink(tmp_.c_str());
+        releaseTemp(slot_);
+    }
+    if (!ok) throw std::runtime_error("cannot write " + path_ + ": " + std::strerror(errno));
+}
+
+// ---------------------------------------------------------------------------
 // PNG
 
 namespace {
@@ -59,6 +233,15 @@ namespace {
     throw std::runtime_error(std::string(name ? name : "PNG") + ": " + msg);
 }
 void pngWarning(png_structp, png_const_charp) {}
+
+void pngWrite(png_structp png, png_bytep data, png_size_t len) {
+    static_cast<OutputFile*>(png_get_io_ptr(png))->write(data, len);
+}
+void pngFlush(png_structp) {}
+
+void pngRead(png_structp png, png_bytep data, png_size_t len) {
+    if (static_cast<InputFile*>(png_get_io_ptr(png))->read(data, len) != len) png_error(png, "truncated PNG");
+}
 
 struct PngWriter {
     png_structp png = nullptr;
@@ -85,14 +268,14 @@ int pngColorType(int channels) {
 template <typename T>
 void writePngT(const std::string& path, const Raster<T>& img) {
     const int colorType = pngColorType(img.channels);
-    AtomicFile out(path);
+    OutputFile out(path);
     {
         PngWriter w;
         w.png = png_create_write_struct(PNG_LIBPNG_VER_STRING, const_cast<char*>(path.c_str()), pngError, pngWarning);
         if (w.png == nullptr) throw std::runtime_error("libpng: out of memory");
         w.info = png_create_info_struct(w.png);
         if (w.info == nullptr) throw std::runtime_error("libpng: out of memory");
-        png_init_io(w.png, out.get());
+        png_set_write_fn(w.png, &out, pngWrite, pngFlush);
         png_set_IHDR(w.png, w.info, static_cast<png_uint_32>(img.width), static_cast<png_uint_32>(img.height),
                      8 * static_cast<int>(sizeof(T)), colorType, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                      PNG_FILTER_TYPE_DEFAULT);
@@ -106,36 +289,24 @@ void writePngT(const std::string& path, const Raster<T>& img) {
     out.commit();
 }
 
-struct FileCloser {
-    FILE* f;
-    ~FileCloser() {
-        if (f) std::fclose(f);
-    }
-};
-
 }  // namespace
 
-void writePng(const std::string& path, const Image8& img) { writePngT(path, img); }
-void writePng(const std::string& path, const Image16& img) { writePngT(path, img); }
 void writePng(const std::string& path, const Picture& pic) {
     if (pic.depth == 8) writePngT(path, pic.i8);
     else writePngT(path, pic.i16);
 }
 
-Picture readPng(const std::string& path) {
-    FILE* f = std::fopen(path.c_str(), "rb");
-    if (f == nullptr) throw std::runtime_error("cannot open " + path + ": " + std::strerror(errno));
-    FileCloser closer{f};
+Picture readPng(InputFile& in) {
+    const std::string& path = in.name();
     unsigned char sig[8];
-    if (std::fread(sig, 1, 8, f) != 8 || png_sig_cmp(sig, 0, 8) != 0)
-        throw std::runtime_error(path + ": not a PNG file");
+    if (in.read(sig, 8) != 8 || png_sig_cmp(sig, 0, 8) != 0) throw std::runtime_error(path + ": not a PNG file");
 
     PngReader r;
     r.png = png_create_read_struct(PNG_LIBPNG_VER_STRING, const_cast<char*>(path.c_str()), pngError, pngWarning);
     if (r.png == nullptr) throw std::runtime_error("libpng: out of memory");
     r.info = png_create_info_struct(r.png);
     if (r.info == nullptr) throw std::runtime_error("libpng: out of memory");
-    png_init_io(r.png, f);
+    png_set_read_fn(r.png, &in, pngRead);
     png_set_sig_bytes(r.png, 8);
     png_read_info(r.png, r.info);
 
@@ -168,71 +339,72 @@ Picture readPng(const std::string& path) {
     return pic;
 }
 
+Picture readPng(const std::string& path) {
+    InputFile in(path);
+    return readPng(in);
+}
+
 // ---------------------------------------------------------------------------
 // PGM / PPM
 
 namespace {
 
 // Reads the next header token of a PNM file, skipping white space and
-// comments.
-bool pnmToken(FILE* f, std::string& tok) {
+// comments; the one white-space byte after the token is consumed.
+bool pnmToken(InputFile& f, std::string& tok) {
     tok.clear();
-    int c = std::fgetc(f);
+    int c = f.get();
     for (;;) {
-        while (c != EOF && std::isspace(c)) c = std::fgetc(f);
-        if (c == '#') {
-            while (c != EOF && c != '\n') c = std::fgetc(f);
-            continue;
-        }
-        break;
+        while (c != EOF && std::isspace(c)) c = f.get();
+        if (c != '#') break;
+        while (c != EOF && c != '\n') c = f.get();
     }
     while (c != EOF && !std::isspace(c) && tok.size() < 16) {
         tok.push_back(static_cast<char>(c));
-        c = std::fgetc(f);
+        c = f.get();
     }
-    return !tok.empty();  // the one white-space byte after the token is consumed
+    return !tok.empty();
 }
 
-long pnmNumber(FILE* f, const std::string& path, const char* what) {
+long pnmNumber(InputFile& f, const char* what) {
     std::string tok;
-    if (!pnmToken(f, tok)) throw std::runtime_error(path + ": truncated header (" + what + ")");
+    if (!pnmToken(f, tok)) throw std::runtime_error(f.name() + ": truncated header (" + what + ")");
     char* end = nullptr;
     const long v = std::strtol(tok.c_str(), &end, 10);
-    if (*end != '\0' || v < 0) throw std::runtime_error(path + ": bad " + what + " '" + tok + "'");
+    if (*end != '\0' || v < 0) throw std::runtime_error(f.name() + ": bad " + what + " '" + tok + "'");
     return v;
 }
 
 }  // namespace
 
-Picture readPnm(const std::string& path) {
-    FILE* f = std::fopen(path.c_str(), "rb");
-    if (f == nullptr) throw std::runtime_error("cannot open " + path + ": " + std::strerror(errno));
-    FileCloser closer{f};
+Picture readPnm(InputFile& f) {
+    const std::string& path = f.name();
     std::string magic;
     if (!pnmToken(f, magic) || magic.size() != 2 || magic[0] != 'P' ||
         (magic[1] != '2' && magic[1] != '3' && magic[1] != '5' && magic[1] != '6'))
         throw std::runtime_error(path + ": not a PGM/PPM file (P2, P3, P5 or P6)");
     const bool plain = magic[1] == '2' || magic[1] == '3';
     const int channels = (magic[1] == '3' || magic[1] == '6') ? 3 : 1;
-    const long w = pnmNumber(f, path, "width"), h = pnmNumber(f, path, "height");
-    const long maxval = pnmNumber(f, path, "maxval");
+    const long w = pnmNumber(f, "width"), h = pnmNumber(f, "height");
+    const long maxval = pnmNumber(f, "maxval");
     if (w < 1 || h < 1 || w > 65536 || h > 65536 || w * h > (1l << 28))
         throw std::runtime_error(path + ": bad size " + std::to_string(w) + "x" + std::to_string(h));
     if (maxval < 1 || maxval > 65535) throw std::runtime_error(path + ": bad maxval " + std::to_string(maxval));
 
     const std::size_t n = static_cast<std::size_t>(w) * h * channels;
+    const std::size_t bps = maxval > 255 ? 2 : 1;
+    if (!plain && f.remaining() >= 0 && static_cast<unsigned long long>(f.remaining()) < n * bps)
+        throw std::runtime_error(path + ": truncated pixel data");
     std::vector<std::uint32_t> v(n);
     if (plain) {
         for (std::size_t i = 0; i < n; ++i) {
-            const long s = pnmNumber(f, path, "sample");
+            const long s = pnmNumber(f, "sample");
             if (s > maxval) throw std::runtime_error(path + ": sample above maxval");
             v[i] = static_cast<std::uint32_t>(s);
         }
     } else {
-        const std::size_t bps = maxval > 255 ? 2 : 1;
         std::vector<std::uint8_t> raw(n * bps);
-        if (std::fread(raw.data(), 1, raw.size(), f) != raw.size())
-            throw std::runtime_error(path + ": truncated pixel data");
+        if (f.read(raw.data(), raw.size()) != raw.size()) throw std::runtime_error(path + ": truncated pixel data");
         for (std::size_t i = 0; i < n; ++i)
             v[i] = bps == 1 ? raw[i] : (std::uint32_t(raw[2 * i]) << 8 | raw[2 * i + 1]);
     }
@@ -252,6 +424,11 @@ Picture readPnm(const std::string& path) {
     return pic;
 }
 
+Picture readPnm(const std::string& path) {
+    InputFile in(path);
+    return readPnm(in);
+}
+
 void writePnm(const std::string& path, const Picture& pic) {
     const int c = pic.channels();
     if (c != 1 && c != 3)
@@ -259,7 +436,7 @@ void writePnm(const std::string& path, const Picture& pic) {
                                  " (PGM holds 1, PPM 3; write a PNG instead)");
     const std::string header = std::string(c == 1 ? "P5" : "P6") + "\n" + std::to_string(pic.width()) + " " +
                                std::to_string(pic.height()) + "\n" + (pic.depth == 8 ? "255" : "65535") + "\n";
-    AtomicFile out(path);
+    OutputFile out(path);
     out.write(header.data(), header.size());
     if (pic.depth == 8) {
         out.write(pic.i8.pixels.data(), pic.i8.pixels.size());
@@ -274,54 +451,9 @@ void writePnm(const std::string& path, const Picture& pic) {
     out.commit();
 }
 
-bool isImagePath(const std::string& path) {
-    const std::string ext = extensionOf(path);
-    return ext == "png" || ext == "ppm" || ext == "pgm" || ext == "pnm";
-}
-
-Picture readImage(const std::string& path) {
-    return extensionOf(path) == "png" ? readPng(path) : readPnm(path);
-}
-
-void writeImage(const std::string& path, const Picture& pic) {
-    if (extensionOf(path) == "png") writePng(path, pic);
+void writeImage(const std::string& path, const Picture& pic, FileFormat format) {
+    if (format == FileFormat::Png) writePng(path, pic);
     else writePnm(path, pic);
-}
-
-// ---------------------------------------------------------------------------
-// Channel and depth helpers
-
-namespace {
-template <typename T>
-Raster<T> rgbOf(const Raster<T>& in) {
-    if (in.channels == 3) return in;
-    Raster<T> out(in.width, in.height, 3);
-    const std::size_t n = static_cast<std::size_t>(in.width) * in.height;
-    for (std::size_t i = 0; i < n; ++i) {
-        const T* p = in.pixels.data() + i * in.channels;
-        T* q = out.pixels.data() + i * 3;
-        if (in.channels <= 2) q[0] = q[1] = q[2] = p[0];
-        else q[0] = p[0], q[1] = p[1], q[2] = p[2];
-    }
-    return out;
-}
-}  // namespace
-
-Picture toRgb(const Picture& pic) {
-    return pic.depth == 8 ? Picture(rgbOf(pic.i8)) : Picture(rgbOf(pic.i16));
-}
-
-Image16 widen(const Image8& img) {
-    Image16 out(img.width, img.height, img.channels);
-    for (std::size_t i = 0; i < img.pixels.size(); ++i) out.pixels[i] = static_cast<std::uint16_t>(img.pixels[i] * 257);
-    return out;
-}
-
-Image8 narrow(const Image16& img) {
-    Image8 out(img.width, img.height, img.channels);
-    for (std::size_t i = 0; i < img.pixels.size(); ++i)
-        out.pixels[i] = static_cast<std::uint8_t>((img.pixels[i] * 255u + 32767u) / 65535u);
-    return out;
 }
 
 }  // namespace zorcc_tool

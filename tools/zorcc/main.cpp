@@ -1,5 +1,5 @@
 // zorcc: command-line front end of the colour-conversion library.
-//   zorcc version                     the library's version record and thread count
+//   zorcc version, zorcc --version    the library's version record and thread count
 //   zorcc list                        every op of `convert` and the functions it calls
 //   zorcc convert IN OUT --op OP ...  one conversion (or a chain) of an image or video
 //   zorcc demo [--out DIR]            the built-in test card through the library
@@ -15,6 +15,33 @@
 #include <string>
 
 namespace {
+
+const char* const kExamples = R"(
+Examples:
+  zorcc convert clip.y4m frame10.png --op decode --frame 10
+  zorcc convert photo.png photo.nv12 --op encode --to nv12
+  ffmpeg -i in.mp4 -f yuv4mpegpipe - | zorcc convert - - --op relayout --to i422 | ffmpeg -i - out.mkv
+  zorcc list                       every op of convert and the library functions it calls
+  zorcc convert --help             the options of convert, with more examples
+)";
+
+const char* const kConvertExamples = R"(
+Examples:
+  # One frame of a Y4M video (8 bits, or 9 to 16 bits reduced to 8) to PNG
+  zorcc convert clip.y4m frame10.png --op decode --frame 10
+  # 10-bit video to 8-bit 4:2:0 with Floyd-Steinberg dither, through pipes
+  ffmpeg -i in.mkv -pix_fmt yuv420p10le -strict -1 -f yuv4mpegpipe - | zorcc convert - out.y4m --op relayout --to i420 --in-dither fs
+  # PNG to raw NV12, and back to look at it
+  zorcc convert photo.png photo.nv12 --op encode --to nv12
+  zorcc convert photo.nv12 check.png --op decode --size 1280x720 --format nv12
+  # Dithered RGB565 words (R in bits 0-4, B in 11-15: ffmpeg reads them as -pix_fmt bgr565le)
+  zorcc convert photo.png photo.rgb565 --op rgb565 --dither
+  # Lab round trip through 16-bit codes
+  zorcc convert photo.png lab.png --op rgb-to-lab --bits 16
+  zorcc convert lab.png back.png --op lab-to-rgb
+Y4M outputs keep the input's frame rate, interlacing, aspect ratio, colour range and chroma siting;
+full-range input (XCOLORRANGE=FULL) is refused by the ops that read studio-range YCbCr.
+)";
 
 void printVersion() {
     const ZorLibraryVersion* v = zorccGetLibVersion();
@@ -32,6 +59,11 @@ int main(int argc, char** argv) {
     using namespace zorcc_tool;
     CLI::App app{"zorcc: colour conversions of images and video with the zorcc library"};
     app.require_subcommand(1);
+    app.set_version_flag("--version", [] {
+        printVersion();
+        return std::string();
+    }, "print the library's version record and thread count");
+    app.footer(kExamples);
     int threads = 0;
     app.add_option("--threads", threads, "team size of the parallel conversions (default: all processors)")
         ->check(CLI::PositiveNumber);
@@ -44,13 +76,29 @@ int main(int argc, char** argv) {
 
     auto* convert = app.add_subcommand("convert", "convert an image or video file with one op or a chain of ops");
     ConvertArgs ca;
-    convert->add_option("IN", ca.in, "input: .png, .ppm/.pgm, .y4m, or raw frames (with --size and --format)")->required();
-    convert->add_option("OUT", ca.out,
-                        "output: .png, .ppm/.pgm (a %d in the name numbers several frames), .y4m, or raw (.yuv, .rgb565, ...)")
+    convert->add_option("IN", ca.in,
+                        "input, - for standard input: PNG, PPM/PGM, Y4M (known by their first bytes), or raw frames "
+                        "(with --size and --format)")
         ->required();
+    convert->add_option("OUT", ca.out,
+                        "output, - for standard output: .png, .ppm/.pgm (a %d in the name numbers several frames), .y4m, "
+                        "or raw (.yuv, .rgb565, ...); a FIFO or device is written as it is")
+        ->required();
+    convert->add_option("--in-format", ca.inFormat, "png|pnm|y4m|raw: the input's format, whatever it looks like")
+        ->check(CLI::IsMember({"png", "pnm", "y4m", "raw"}));
+    convert->add_option("--out-format", ca.outFormat,
+                        "png|pnm|y4m|raw: the output's format (default: by extension; standard output takes the input's)")
+        ->check(CLI::IsMember({"png", "pnm", "y4m", "raw"}));
+    convert->add_option("--in-dither", ca.inDither,
+                        "none|fs|jjn|stucki|bayer: how Y4M samples of 9 to 16 bits are reduced to 8 bits")
+        ->check(CLI::IsMember({"none", "fs", "jjn", "stucki", "bayer"}))
+        ->capture_default_str();
     convert->add_option("--op", ca.ops, "op, or ops separated by commas and applied in order (zorcc list)")->required();
     convert->add_option("--size", ca.size, "WxH of a raw input");
-    convert->add_option("--format", ca.format, "layout of a raw input: i420|nv12|yuy2|uyvy|i422|i444|i411|bgr565|bgr555");
+    convert->add_option("--format", ca.format,
+                        "layout of a raw input: i420|nv12|yuy2|uyvy|i422|i444|i411|bgr565|bgr555 (16-bit words, "
+                        "little-endian, named from bit 0 up: bgr565 has B in bits 0-4, ffmpeg's rgb565le)");
+    convert->footer(kConvertExamples);
     convert->add_option("--to", ca.options.to, "YUV layout written by encode, relayout, deinterlace: " + yuvFormatList());
     convert->add_option("--frame", ca.frame, "convert only this frame (counted from 0)")->check(CLI::NonNegativeNumber);
     convert->add_option("--frames", ca.frames, "convert at most this many frames")->check(CLI::PositiveNumber);
@@ -67,7 +115,7 @@ int main(int argc, char** argv) {
     convert->add_option("--bits", ca.options.bits, "8 or 16: sample depth where an op offers both")
         ->check(CLI::IsMember({8, 16}));
     convert->add_flag("--reversible", ca.options.reversible, "YCoCg ops: the lossless lifting form");
-    convert->add_flag("-q,--quiet", ca.quiet, "no progress bar");
+    convert->add_flag("-q,--quiet", ca.quiet, "no progress bar (drawn only on a terminal) and no notes");
 
     auto* demo = app.add_subcommand("demo", "convert the built-in test card and write the results as PNG files");
     std::string outDir = "zorcc-demo";
@@ -88,6 +136,8 @@ int main(int argc, char** argv) {
         return app.exit(e);
     } catch (const CLI::CallForAllHelp& e) {
         return app.exit(e);
+    } catch (const CLI::CallForVersion&) {
+        return 0;
     } catch (const CLI::ParseError& e) {
         std::fprintf(stderr, "zorcc: %s (zorcc --help)\n", e.what());
         return 2;

@@ -42,14 +42,20 @@ void check(ZorStatus st, const char* function) {
     throw std::runtime_error(name + " failed with status " + std::to_string(static_cast<int>(st)) + what);
 }
 
-Image8 rgb8Of(const Data& in) {
-    const Picture rgb = toRgb(in.image);
-    return rgb.depth == 8 ? rgb.i8 : narrow(rgb.i16);
+const Image8& rgb8Of(const Data& in, Work& w) {
+    const Picture& p = in.image;
+    if (p.depth == 8 && p.channels() == 3) return p.i8;
+    if (p.depth == 8) rgbInto(p.i8, w.images[1]);
+    else rgbInto(p.i16, w.images[1]);
+    return w.images[1];
 }
 
-Image16 rgb16Of(const Data& in) {
-    const Picture rgb = toRgb(in.image);
-    return rgb.depth == 16 ? rgb.i16 : widen(rgb.i8);
+const Image16& rgb16Of(const Data& in, Work& w) {
+    const Picture& p = in.image;
+    if (p.depth == 16 && p.channels() == 3) return p.i16;
+    if (p.depth == 8) rgbInto(p.i8, w.image16);
+    else rgbInto(p.i16, w.image16);
+    return w.image16;
 }
 
 YuvFormat targetFormat(const OpOptions& o, YuvFormat fallback) {

@@ -3,7 +3,7 @@
 // conversions.
 #include "ops.h"
 
-#include <map>
+#include <array>
 #include <stdexcept>
 
 namespace zorcc_tool {
@@ -84,94 +84,105 @@ int chromaDensity(F f) {
     }
 }
 
-// Cheapest chain of edges from one layout to another (empty if none). An
-// edge that drops chroma samples costs ten moves, so that a chain never
-// drops chroma it could keep (i422 -> uyvy goes through yuy2, not i420).
-std::vector<const Edge*> route(F from, F to) {
-    std::map<F, int> cost{{from, 0}};
-    std::map<F, const Edge*> via{{from, nullptr}};
+// Cheapest chain of edges from one layout to another (none if there is
+// none). An edge that drops chroma samples costs ten moves, so that a chain
+// never drops chroma it could keep (i422 -> uyvy goes through yuy2, not
+// i420).
+struct Route {
+    std::array<const Edge*, 8> edges{};
+    int count = 0;
+};
+
+Route route(F from, F to) {
+    constexpr int kLayouts = 7, kNone = 1 << 20;
+    std::array<int, kLayouts> cost;
+    std::array<const Edge*, kLayouts> via{};
+    cost.fill(kNone);
+    cost[static_cast<int>(from)] = 0;
     for (bool changed = true; changed;) {  // Bellman-Ford over a handful of nodes
         changed = false;
         for (const Edge& e : kEdges) {
-            if (!cost.count(e.from)) continue;
-            const int c = cost[e.from] + (chromaDensity(e.to) < chromaDensity(e.from) ? 10 : 1);
-            if (!cost.count(e.to) || c < cost[e.to]) {
-                cost[e.to] = c;
-                via[e.to] = &e;
+            const int a = static_cast<int>(e.from), b = static_cast<int>(e.to);
+            if (cost[a] == kNone) continue;
+            const int c = cost[a] + (chromaDensity(e.to) < chromaDensity(e.from) ? 10 : 1);
+            if (c < cost[b]) {
+                cost[b] = c, via[b] = &e;
                 changed = true;
             }
         }
     }
-    std::vector<const Edge*> path;
-    if (!via.count(to)) return path;
-    for (F at = to; via[at] != nullptr; at = via[at]->from) path.insert(path.begin(), via[at]);
-    return path;
+    Route r;
+    for (F at = to; at != from && via[static_cast<int>(at)] != nullptr; at = via[static_cast<int>(at)]->from)
+        ++r.count;
+    if (cost[static_cast<int>(to)] == kNone) r.count = 0;
+    int i = r.count;
+    for (F at = to; i > 0; at = via[static_cast<int>(at)]->from) r.edges[--i] = via[static_cast<int>(at)];
+    return r;
 }
 
-Data relayout(const Data& in, const OpOptions& o) {
+void relayout(const Data& in, Work& w, const OpOptions& o) {
     if (o.to.empty()) throw std::runtime_error("relayout needs --to (" + yuvFormatList() + ")");
     const F to = targetFormat(o, F::I420);
-    YuvFrame cur = in.yuv;
-    if (cur.format == to) return Data(std::move(cur));
-    const auto path = route(cur.format, to);
-    if (path.empty())
-        throw std::runtime_error(std::string("no chroma relayout from ") + formatName(cur.format) + " to " + formatName(to) +
-                                 " (i444 is reached only by decode/encode)");
-    for (const Edge* e : path) {
-        YuvFrame next(e->to, cur.width, cur.height);
-        e->run(cur, next, roiOf(cur.width, cur.height));
-        cur = std::move(next);
+    const YuvFrame& s = in.yuv;
+    if (s.format == to) {
+        w.out = in;
+        return;
     }
-    return Data(std::move(cur));
+    const Route r = route(s.format, to);
+    if (r.count == 0)
+        throw std::runtime_error(std::string("no chroma relayout from ") + formatName(s.format) + " to " + formatName(to) +
+                                 " (i444 is reached only by decode/encode)");
+    const YuvFrame* cur = &s;
+    for (int i = 0; i < r.count; ++i) {
+        const Edge* e = r.edges[i];
+        YuvFrame& next = i + 1 == r.count ? w.outFrame(e->to, s.width, s.height) : w.frame(i % 2, e->to, s.width, s.height);
+        e->run(*cur, next, roiOf(s.width, s.height));
+        cur = &next;
+    }
 }
 
-Data upsampleFiltered(const Data& in, const OpOptions&) {
+void upsampleFiltered(const Data& in, Work& w, const OpOptions&) {
     const YuvFrame& s = in.yuv;
     if (s.height % 8 != 0)
         throw std::runtime_error("upsample-filtered needs a height that is a multiple of 8, not " + std::to_string(s.height));
-    YuvFrame d(F::I422, s.width, s.height);
+    if (s.format != F::I420 && s.format != F::NV12)
+        throw std::runtime_error(std::string("upsample-filtered takes i420 or nv12 frames, not ") + formatName(s.format));
+    YuvFrame& d = w.outFrame(F::I422, s.width, s.height);
     Planes dp = planesOf(d);
     const ZoriSize roi = roiOf(s.width, s.height);
     if (s.format == F::I420) {
         const Planes sp = planesOf(s);
         ZORCC_CALL(zoriYCbCr420ToYCbCr422_Filter_8u_P3R(sp.src.data(), sp.step.data(), dp.dst.data(), dp.step.data(), roi));
-    } else if (s.format == F::NV12) {
+    } else {
         ZORCC_CALL(zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R(s.plane(0), s.step(0), s.plane(1), s.step(1), dp.dst.data(),
                                                            dp.step.data(), roi));
-    } else {
-        throw std::runtime_error(std::string("upsample-filtered takes i420 or nv12 frames, not ") + formatName(s.format));
     }
-    return Data(std::move(d));
 }
 
-Data deinterlace(const Data& in, const OpOptions& o) {
-    YuvFrame s = in.yuv;
-    const ZoriSize roi = roiOf(s.width, s.height);
-    if (s.format == F::I420) {
-        YuvFrame nv(F::NV12, s.width, s.height);
-        const Planes sp = planesOf(s);
-        ZORCC_CALL(zoriYCbCr420_8u_P3P2R(sp.src.data(), sp.step.data(), nv.plane(0), nv.step(0), nv.plane(1), nv.step(1), roi));
-        s = std::move(nv);
-    } else if (s.format != F::NV12) {
-        throw std::runtime_error(std::string("deinterlace takes i420 or nv12 frames, not ") + formatName(s.format));
-    }
+void deinterlace(const Data& in, Work& w, const OpOptions& o) {
+    const YuvFrame* s = &in.yuv;
+    const ZoriSize roi = roiOf(s->width, s->height);
     const F to = targetFormat(o, F::I420);
+    if (to != F::I420 && to != F::YUY2) throw std::runtime_error("deinterlace writes i420 or yuy2 (--to), not " + o.to);
+    if (s->format == F::I420) {
+        YuvFrame& nv = w.frame(0, F::NV12, s->width, s->height);
+        const Planes sp = planesOf(*s);
+        ZORCC_CALL(zoriYCbCr420_8u_P3P2R(sp.src.data(), sp.step.data(), nv.plane(0), nv.step(0), nv.plane(1), nv.step(1), roi));
+        s = &nv;
+    } else if (s->format != F::NV12) {
+        throw std::runtime_error(std::string("deinterlace takes i420 or nv12 frames, not ") + formatName(s->format));
+    }
+    YuvFrame& d = w.outFrame(to, s->width, s->height);
     if (to == F::I420) {
-        YuvFrame d(F::I420, s.width, s.height);
         // The filter writes planes Y, Cr, Cb.
         Zor8u* planes[3] = {d.plane(0), d.plane(2), d.plane(1)};
         const int steps[3] = {d.step(0), d.step(2), d.step(1)};
-        ZORCC_CALL(zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R(s.plane(0), s.step(0), s.plane(1), s.step(1), planes, steps, roi,
-                                                           zorSliceWhole));
-        return Data(std::move(d));
-    }
-    if (to == F::YUY2) {
-        YuvFrame d(F::YUY2, s.width, s.height);
-        ZORCC_CALL(zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(s.plane(0), s.step(0), s.plane(1), s.step(1), d.plane(0),
+        ZORCC_CALL(zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R(s->plane(0), s->step(0), s->plane(1), s->step(1), planes, steps,
+                                                           roi, zorSliceWhole));
+    } else {
+        ZORCC_CALL(zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R(s->plane(0), s->step(0), s->plane(1), s->step(1), d.plane(0),
                                                            d.step(0), roi, zorSliceWhole));
-        return Data(std::move(d));
     }
-    throw std::runtime_error("deinterlace writes i420 or yuy2 (--to), not " + o.to);
 }
 
 }  // namespace
@@ -183,17 +194,17 @@ void addChromaOps(std::vector<Op>& ops) {
     ops.push_back({"relayout", "chroma",
                    "YCbCr frame to another layout or subsampling (--to; samples moved, dropped or repeated, never "
                    "averaged); chains calls where no single one fits",
-                   fns, kYuv, Kind::Yuv, relayout});
+                   fns, kYuv, Kind::Yuv, relayout, RangeUse::Keeps});
     ops.push_back({"upsample-filtered", "chroma",
                    "i420 or nv12 frame to i422 with chroma rows interpolated by the -1,9,9,-1 filter (height a "
                    "multiple of 8)",
                    {"zoriYCbCr420ToYCbCr422_Filter_8u_P3R (i420)", "zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R (nv12)"},
-                   kYuv, Kind::Yuv, upsampleFiltered});
+                   kYuv, Kind::Yuv, upsampleFiltered, RangeUse::Keeps});
     ops.push_back({"deinterlace", "chroma",
                    "i420 or nv12 frame through the vertical deinterlacing filter, to i420 or yuy2 (--to, default i420)",
                    {"zoriYCbCr420_8u_P3P2R (i420 input)", "zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R (to i420)",
                     "zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R (to yuy2)"},
-                   kYuv, Kind::Yuv, deinterlace});
+                   kYuv, Kind::Yuv, deinterlace, RangeUse::Keeps, true});
 }
 
 }  // namespace zorcc_tool

@@ -21,17 +21,16 @@ bool wants16(const Data& in, const OpOptions& o) {
     return o.bits == 16 || (o.bits == 0 && in.image.depth == 16);
 }
 
-Data apply(const Data& in, const OpOptions& o, Fn8 f8, const char* n8, Fn16 f16, const char* n16) {
+void apply(const Data& in, Work& w, const OpOptions& o, Fn8 f8, const char* n8, Fn16 f16, const char* n16) {
     if (wants16(in, o)) {
-        const Image16 src = rgb16Of(in);
-        Image16 dst(src.width, src.height, 3);
+        const Image16& src = rgb16Of(in, w);
+        Image16& dst = w.outImage16(src.width, src.height, 3);
         check(f16(src.data(), src.step(), dst.data(), dst.step(), roiOf(src.width, src.height)), n16);
-        return Data(Picture(std::move(dst)));
+        return;
     }
-    const Image8 src = rgb8Of(in);
-    Image8 dst(src.width, src.height, 3);
+    const Image8& src = rgb8Of(in, w);
+    Image8& dst = w.outImage(src.width, src.height, 3);
     check(f8(src.data(), src.step(), dst.data(), dst.step(), roiOf(src.width, src.height)), n8);
-    return Data(Picture(std::move(dst)));
 }
 
 struct Model {
@@ -59,31 +58,34 @@ const Model kModels[] = {
 };
 #undef MODEL
 
-Data toLab(const Data& in, const OpOptions& o) {
+void toLab(const Data& in, Work& w, const OpOptions& o) {
     if (o.bits != 0 && o.bits != 8 && o.bits != 16) throw std::runtime_error("--bits takes 8 or 16");
-    Image8 bgr = rgb8Of(in);
+    const Image8& rgb = rgb8Of(in, w);
+    Image8& bgr = w.image(0, rgb.width, rgb.height, 3);
+    bgr.pixels = rgb.pixels;
     swapRB(bgr);
     const ZoriSize roi = roiOf(bgr.width, bgr.height);
     if (o.bits == 16) {
-        Image16 lab(bgr.width, bgr.height, 3);
+        Image16& lab = w.outImage16(bgr.width, bgr.height, 3);
         ZORCC_CALL(zoriBGRToLab_8u16u_C3R(bgr.data(), bgr.step(), lab.data(), lab.step(), roi));
-        return Data(Picture(std::move(lab)));
+        return;
     }
-    Image8 lab(bgr.width, bgr.height, 3);
+    Image8& lab = w.outImage(bgr.width, bgr.height, 3);
     ZORCC_CALL(zoriBGRToLab_8u_C3R(bgr.data(), bgr.step(), lab.data(), lab.step(), roi));
-    return Data(Picture(std::move(lab)));
 }
 
-Data fromLab(const Data& in, const OpOptions&) {
-    const Picture codes = toRgb(in.image);
-    Image8 bgr(codes.width(), codes.height(), 3);
+void fromLab(const Data& in, Work& w, const OpOptions&) {
+    const Picture& p = in.image;
+    Image8& bgr = w.outImage(p.width(), p.height(), 3);
     const ZoriSize roi = roiOf(bgr.width, bgr.height);
-    if (codes.depth == 16)
-        ZORCC_CALL(zoriLabToBGR_16u8u_C3R(codes.i16.data(), codes.i16.step(), bgr.data(), bgr.step(), roi));
-    else
-        ZORCC_CALL(zoriLabToBGR_8u_C3R(codes.i8.data(), codes.i8.step(), bgr.data(), bgr.step(), roi));
+    if (p.depth == 16) {
+        const Image16& codes = rgb16Of(in, w);
+        ZORCC_CALL(zoriLabToBGR_16u8u_C3R(codes.data(), codes.step(), bgr.data(), bgr.step(), roi));
+    } else {
+        const Image8& codes = rgb8Of(in, w);
+        ZORCC_CALL(zoriLabToBGR_8u_C3R(codes.data(), codes.step(), bgr.data(), bgr.step(), roi));
+    }
     swapRB(bgr);
-    return Data(Picture(std::move(bgr)));
 }
 
 // "a,b,c" -> three floats.
@@ -98,24 +100,23 @@ void parseWeights(const std::string& text, Zor32f w[3]) {
     if (in >> rest) throw std::runtime_error("--weights takes three numbers, e.g. 0.299,0.587,0.114");
 }
 
-Data toGray(const Data& in, const OpOptions& o) {
+void toGray(const Data& in, Work& work, const OpOptions& o) {
     Zor32f w[3];
     const bool custom = !o.weights.empty();
     if (custom) parseWeights(o.weights, w);
     if (wants16(in, o)) {
-        const Image16 src = rgb16Of(in);
-        Image16 dst(src.width, src.height, 1);
+        const Image16& src = rgb16Of(in, work);
+        Image16& dst = work.outImage16(src.width, src.height, 1);
         const ZoriSize roi = roiOf(src.width, src.height);
         if (custom) ZORCC_CALL(zoriColorToGray_16u_C3C1R(src.data(), src.step(), dst.data(), dst.step(), roi, w));
         else ZORCC_CALL(zoriRGBToGray_16u_C3C1R(src.data(), src.step(), dst.data(), dst.step(), roi));
-        return Data(Picture(std::move(dst)));
+        return;
     }
-    const Image8 src = rgb8Of(in);
-    Image8 dst(src.width, src.height, 1);
+    const Image8& src = rgb8Of(in, work);
+    Image8& dst = work.outImage(src.width, src.height, 1);
     const ZoriSize roi = roiOf(src.width, src.height);
     if (custom) ZORCC_CALL(zoriColorToGray_8u_C3C1R(src.data(), src.step(), dst.data(), dst.step(), roi, w));
     else ZORCC_CALL(zoriRGBToGray_8u_C3C1R(src.data(), src.step(), dst.data(), dst.step(), roi));
-    return Data(Picture(std::move(dst)));
 }
 
 }  // namespace
@@ -131,10 +132,10 @@ void addModelOps(std::vector<Op>& ops) {
         ops.push_back({"rgb-to-" + op, "models",
                        std::string("RGB image to ") + m.title + " (16-bit with a 16-bit input or --bits 16)",
                        {m.names[0], m.names[2]}, kImage, Kind::Image,
-                       [m](const Data& in, const OpOptions& o) { return apply(in, o, m.fwd8, m.names[0], m.fwd16, m.names[2]); }});
+                       [m](const Data& in, Work& w, const OpOptions& o) { apply(in, w, o, m.fwd8, m.names[0], m.fwd16, m.names[2]); }});
         ops.push_back({op + "-to-rgb", "models", std::string(m.title) + " back to an RGB image of the same depth",
                        {m.names[1], m.names[3]}, kImage, Kind::Image,
-                       [m](const Data& in, const OpOptions& o) { return apply(in, o, m.inv8, m.names[1], m.inv16, m.names[3]); }});
+                       [m](const Data& in, Work& w, const OpOptions& o) { apply(in, w, o, m.inv8, m.names[1], m.inv16, m.names[3]); }});
     }
     ops.push_back({"rgb-to-gray", "models",
                    "RGB image to gray, 0.299/0.587/0.114 or the weights of --weights wr,wg,wb",

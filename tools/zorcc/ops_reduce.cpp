@@ -10,15 +10,6 @@ namespace {
 
 constexpr int kImage = static_cast<int>(Kind::Image);
 
-ZorDitherType methodOf(const std::string& m) {
-    if (m == "none") return zorDitherNone;
-    if (m == "fs") return zorDitherFS;
-    if (m == "jjn") return zorDitherJJN;
-    if (m == "stucki") return zorDitherStucki;
-    if (m == "bayer") return zorDitherBayer;
-    throw std::runtime_error("unknown --method '" + m + "' (use none|fs|jjn|stucki|bayer)");
-}
-
 template <typename S, typename D>
 using ReduceFn = ZorStatus (*)(const S*, int, D*, int, ZoriSize, int, ZorDitherType, int);
 
@@ -39,40 +30,50 @@ const Family<Zor16u, Zor8u> k16u8u{zoriReduceBits_16u8u_C1R, zoriReduceBits_16u8
 // Gray and RGB go through C1 and C3; RGBA through AC4 with the alpha copied
 // beforehand (AC4 neither reads nor writes it); gray + alpha as RGBA.
 template <typename S, typename D>
-Raster<D> reduce(const Raster<S>& in, const Family<S, D>& fam, const OpOptions& o) {
-    Raster<S> src = in;
-    if (src.channels == 2) {
-        Raster<S> rgba(src.width, src.height, 4);
-        for (std::size_t i = 0, n = static_cast<std::size_t>(src.width) * src.height; i < n; ++i) {
-            rgba.pixels[4 * i] = rgba.pixels[4 * i + 1] = rgba.pixels[4 * i + 2] = src.pixels[2 * i];
-            rgba.pixels[4 * i + 3] = src.pixels[2 * i + 1];
+void reduce(const Raster<S>& in, Raster<D>& dst, Raster<S>& scratch, const Family<S, D>& fam, const OpOptions& o) {
+    const Raster<S>* src = &in;
+    if (in.channels == 2) {
+        scratch.reshape(in.width, in.height, 4);
+        for (std::size_t i = 0, n = static_cast<std::size_t>(in.width) * in.height; i < n; ++i) {
+            scratch.pixels[4 * i] = scratch.pixels[4 * i + 1] = scratch.pixels[4 * i + 2] = in.pixels[2 * i];
+            scratch.pixels[4 * i + 3] = in.pixels[2 * i + 1];
         }
-        src = std::move(rgba);
+        src = &scratch;
     }
-    Raster<D> dst(src.width, src.height, src.channels);
-    int which = src.channels == 1 ? 0 : src.channels == 3 ? 1 : 2;
+    dst.reshape(src->width, src->height, src->channels);
+    const int which = src->channels == 1 ? 0 : src->channels == 3 ? 1 : 2;
     if (which == 2)
         for (std::size_t i = 3; i < dst.pixels.size(); i += 4)
-            dst.pixels[i] = static_cast<D>(sizeof(S) > sizeof(D) ? src.pixels[i] >> 8 : src.pixels[i]);
+            dst.pixels[i] = static_cast<D>(sizeof(S) > sizeof(D) ? src->pixels[i] >> 8 : src->pixels[i]);
     const ReduceFn<S, D> fn = which == 0 ? fam.c1 : which == 1 ? fam.c3 : fam.ac4;
-    check(fn(src.data(), src.step(), dst.data(), dst.step(), roiOf(src.width, src.height), o.noise, methodOf(o.method),
+    check(fn(src->data(), src->step(), dst.data(), dst.step(), roiOf(src->width, src->height), o.noise, ditherOf(o.method),
              o.levels),
           fam.names[which]);
-    return dst;
 }
 
-Data reduceOp(const Data& in, const OpOptions& o) {
+void reduceOp(const Data& in, Work& w, const OpOptions& o) {
     if (o.bits != 0 && o.bits != 8 && o.bits != 16) throw std::runtime_error("--bits takes 8 or 16");
     const Picture& p = in.image;
     if (p.depth == 8) {
         if (o.bits == 16) throw std::runtime_error("reduce writes 8-bit samples from an 8-bit input (--bits 16 needs a 16-bit input)");
-        return Data(Picture(reduce(p.i8, k8u, o)));
+        reduce(p.i8, w.outImage(p.width(), p.height(), 1), w.images[0], k8u, o);
+    } else if (o.bits == 8) {
+        reduce(p.i16, w.outImage(p.width(), p.height(), 1), w.image16, k16u8u, o);
+    } else {
+        reduce(p.i16, w.outImage16(p.width(), p.height(), 1), w.image16, k16u, o);
     }
-    if (o.bits == 8) return Data(Picture(reduce(p.i16, k16u8u, o)));
-    return Data(Picture(reduce(p.i16, k16u, o)));
 }
 
 }  // namespace
+
+ZorDitherType ditherOf(const std::string& m) {
+    if (m == "none") return zorDitherNone;
+    if (m == "fs") return zorDitherFS;
+    if (m == "jjn") return zorDitherJJN;
+    if (m == "stucki") return zorDitherStucki;
+    if (m == "bayer") return zorDitherBayer;
+    throw std::runtime_error("unknown dither method '" + m + "' (use none|fs|jjn|stucki|bayer)");
+}
 
 void addReduceOps(std::vector<Op>& ops) {
     std::vector<std::string> fns;

@@ -25,55 +25,66 @@ void parseMatrix(const std::string& text, Zor32f m[3][4]) {
 }
 
 // RGB images are converted in three channels; RGBA through the AC4 form,
-// which keeps the alpha of the (copied) destination.
-template <typename T, typename C3, typename AC4>
-Raster<T> perPixel(const Raster<T>& src, C3 c3, AC4 ac4) {
-    Raster<T> dst = src;
-    const ZoriSize roi = roiOf(src.width, src.height);
-    if (src.channels == 4) ac4(src.data(), src.step(), dst.data(), dst.step(), roi);
-    else c3(src.data(), src.step(), dst.data(), dst.step(), roi);
-    return dst;
-}
-
-// The input as RGB or RGBA of its own depth.
-Picture colourOf(const Data& in) {
+// which keeps the alpha of the destination (a copy of the source); other
+// images are taken to RGB first.
+template <typename C3, typename AC4>
+void perPixel(const Data& in, Work& w, C3 c3, AC4 ac4) {
     const Picture& p = in.image;
-    return p.channels() == 3 || p.channels() == 4 ? p : toRgb(p);
+    auto run = [&](const auto& src, auto& dst) {
+        const ZoriSize roi = roiOf(src.width, src.height);
+        if (src.channels == 4) {
+            dst.pixels = src.pixels;
+            ac4(src.data(), src.step(), dst.data(), dst.step(), roi);
+        } else {
+            c3(src.data(), src.step(), dst.data(), dst.step(), roi);
+        }
+    };
+    const int c = p.channels() == 4 ? 4 : 3;
+    if (p.depth == 16)
+        run(c == 4 ? p.i16 : rgb16Of(in, w), w.outImage16(p.width(), p.height(), c));
+    else
+        run(c == 4 ? p.i8 : rgb8Of(in, w), w.outImage(p.width(), p.height(), c));
 }
 
-Data twist(const Data& in, const OpOptions& o) {
+void twist(const Data& in, Work& w, const OpOptions& o) {
     Zor32f m[3][4];
     parseMatrix(o.matrix, m);
-    const Picture p = colourOf(in);
-    if (p.depth == 16)
-        return Data(Picture(perPixel(
-            p.i16, [&](auto... a) { ZORCC_CALL(zoriColorTwist32f_16u_C3R(a..., m)); },
-            [&](auto... a) { ZORCC_CALL(zoriColorTwist32f_16u_AC4R(a..., m)); })));
-    return Data(Picture(perPixel(
-        p.i8, [&](auto... a) { ZORCC_CALL(zoriColorTwist32f_8u_C3R(a..., m)); },
-        [&](auto... a) { ZORCC_CALL(zoriColorTwist32f_8u_AC4R(a..., m)); })));
+    perPixel(
+        in, w,
+        [&](auto* s, int ss, auto* d, int ds, ZoriSize r) {
+            if constexpr (sizeof(*s) == 1) ZORCC_CALL(zoriColorTwist32f_8u_C3R(s, ss, d, ds, r, m));
+            else ZORCC_CALL(zoriColorTwist32f_16u_C3R(s, ss, d, ds, r, m));
+        },
+        [&](auto* s, int ss, auto* d, int ds, ZoriSize r) {
+            if constexpr (sizeof(*s) == 1) ZORCC_CALL(zoriColorTwist32f_8u_AC4R(s, ss, d, ds, r, m));
+            else ZORCC_CALL(zoriColorTwist32f_16u_AC4R(s, ss, d, ds, r, m));
+        });
 }
 
-Data gammaFwd(const Data& in, const OpOptions&) {
-    const Picture p = colourOf(in);
-    if (p.depth == 16)
-        return Data(Picture(perPixel(
-            p.i16, [](auto... a) { ZORCC_CALL(zoriGammaFwd_16u_C3R(a...)); },
-            [](auto... a) { ZORCC_CALL(zoriGammaFwd_16u_AC4R(a...)); })));
-    return Data(Picture(perPixel(
-        p.i8, [](auto... a) { ZORCC_CALL(zoriGammaFwd_8u_C3R(a...)); },
-        [](auto... a) { ZORCC_CALL(zoriGammaFwd_8u_AC4R(a...)); })));
+void gammaFwd(const Data& in, Work& w, const OpOptions&) {
+    perPixel(
+        in, w,
+        [](auto* s, int ss, auto* d, int ds, ZoriSize r) {
+            if constexpr (sizeof(*s) == 1) ZORCC_CALL(zoriGammaFwd_8u_C3R(s, ss, d, ds, r));
+            else ZORCC_CALL(zoriGammaFwd_16u_C3R(s, ss, d, ds, r));
+        },
+        [](auto* s, int ss, auto* d, int ds, ZoriSize r) {
+            if constexpr (sizeof(*s) == 1) ZORCC_CALL(zoriGammaFwd_8u_AC4R(s, ss, d, ds, r));
+            else ZORCC_CALL(zoriGammaFwd_16u_AC4R(s, ss, d, ds, r));
+        });
 }
 
-Data gammaInv(const Data& in, const OpOptions&) {
-    const Picture p = colourOf(in);
-    if (p.depth == 16)
-        return Data(Picture(perPixel(
-            p.i16, [](auto... a) { ZORCC_CALL(zoriGammaInv_16u_C3R(a...)); },
-            [](auto... a) { ZORCC_CALL(zoriGammaInv_16u_AC4R(a...)); })));
-    return Data(Picture(perPixel(
-        p.i8, [](auto... a) { ZORCC_CALL(zoriGammaInv_8u_C3R(a...)); },
-        [](auto... a) { ZORCC_CALL(zoriGammaInv_8u_AC4R(a...)); })));
+void gammaInv(const Data& in, Work& w, const OpOptions&) {
+    perPixel(
+        in, w,
+        [](auto* s, int ss, auto* d, int ds, ZoriSize r) {
+            if constexpr (sizeof(*s) == 1) ZORCC_CALL(zoriGammaInv_8u_C3R(s, ss, d, ds, r));
+            else ZORCC_CALL(zoriGammaInv_16u_C3R(s, ss, d, ds, r));
+        },
+        [](auto* s, int ss, auto* d, int ds, ZoriSize r) {
+            if constexpr (sizeof(*s) == 1) ZORCC_CALL(zoriGammaInv_8u_AC4R(s, ss, d, ds, r));
+            else ZORCC_CALL(zoriGammaInv_16u_AC4R(s, ss, d, ds, r));
+        });
 }
 
 }  // namespace

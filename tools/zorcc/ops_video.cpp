@@ -12,26 +12,34 @@ constexpr int kImage = static_cast<int>(Kind::Image);
 constexpr int kYuv = static_cast<int>(Kind::Yuv);
 constexpr int kPacked = static_cast<int>(Kind::Packed);
 
-Data encode(const Data& in, const OpOptions& o) {
-    Image8 rgb = rgb8Of(in);
+void encode(const Data& in, Work& w, const OpOptions& o) {
+    const Image8& rgb = rgb8Of(in, w);
     const YuvFormat f = targetFormat(o, YuvFormat::I420);
-    YuvFrame out(f, rgb.width, rgb.height);
+    YuvFrame& out = w.outFrame(f, rgb.width, rgb.height);
     Planes p = planesOf(out);
+    // The BGR encoders read a copy with R and B exchanged.
+    auto bgr = [&]() -> const Image8& {
+        Image8& c = w.image(0, rgb.width, rgb.height, 3);
+        c.pixels = rgb.pixels;
+        swapRB(c);
+        return c;
+    };
     const ZoriSize roi = roiOf(rgb.width, rgb.height);
     switch (f) {
         case YuvFormat::I444: {
             // Planar RGB in, planar YCbCr out, one shared step.
-            YuvFrame planar(YuvFormat::I444, rgb.width, rgb.height);
+            YuvFrame& planar = w.frame(0, YuvFormat::I444, rgb.width, rgb.height);
             for (std::size_t i = 0, n = planar.planes[0].size(); i < n; ++i)
                 for (int c = 0; c < 3; ++c) planar.planes[c][i] = rgb.pixels[3 * i + c];
             const Planes s = planesOf(planar);
             ZORCC_CALL(zoriRGBToYCbCr_8u_P3R(s.src.data(), rgb.width, p.dst.data(), rgb.width, roi));
             break;
         }
-        case YuvFormat::I422:
-            swapRB(rgb);
-            ZORCC_CALL(zoriBGRToYCbCr422_8u_C3P3R(rgb.data(), rgb.step(), p.dst.data(), p.step.data(), roi));
+        case YuvFormat::I422: {
+            const Image8& b = bgr();
+            ZORCC_CALL(zoriBGRToYCbCr422_8u_C3P3R(b.data(), b.step(), p.dst.data(), p.step.data(), roi));
             break;
+        }
         case YuvFormat::YUY2:
             ZORCC_CALL(zoriRGBToYCbCr422_8u_C3C2R(rgb.data(), rgb.step(), out.plane(0), out.step(0), roi));
             break;
@@ -42,29 +50,29 @@ Data encode(const Data& in, const OpOptions& o) {
             ZORCC_CALL(zoriRGBToYCbCr420_8u_C3P3R(rgb.data(), rgb.step(), p.dst.data(), p.step.data(), roi));
             break;
         case YuvFormat::NV12: {
-            YuvFrame planar(YuvFormat::I420, rgb.width, rgb.height);
+            YuvFrame& planar = w.frame(0, YuvFormat::I420, rgb.width, rgb.height);
             Planes q = planesOf(planar);
             ZORCC_CALL(zoriRGBToYCbCr420_8u_C3P3R(rgb.data(), rgb.step(), q.dst.data(), q.step.data(), roi));
             ZORCC_CALL(zoriYCbCr420_8u_P3P2R(q.src.data(), q.step.data(), out.plane(0), out.step(0), out.plane(1),
                                              out.step(1), roi));
             break;
         }
-        case YuvFormat::I411:
-            swapRB(rgb);
-            ZORCC_CALL(zoriBGRToYCbCr411_8u_C3P3R(rgb.data(), rgb.step(), p.dst.data(), p.step.data(), roi));
+        case YuvFormat::I411: {
+            const Image8& b = bgr();
+            ZORCC_CALL(zoriBGRToYCbCr411_8u_C3P3R(b.data(), b.step(), p.dst.data(), p.step.data(), roi));
             break;
+        }
     }
-    return Data(std::move(out));
 }
 
-Data decode(const Data& in, const OpOptions&) {
+void decode(const Data& in, Work& w, const OpOptions&) {
     const YuvFrame& f = in.yuv;
-    Image8 rgb(f.width, f.height, 3);
+    Image8& rgb = w.outImage(f.width, f.height, 3);
     const Planes p = planesOf(f);
     const ZoriSize roi = roiOf(f.width, f.height);
     // 4:2:0 and 4:1:1 are decoded through planar 4:2:2 (chroma replicated).
     auto via422 = [&](auto&& toI422) {
-        YuvFrame mid(YuvFormat::I422, f.width, f.height);
+        YuvFrame& mid = w.frame(0, YuvFormat::I422, f.width, f.height);
         Planes m = planesOf(mid);
         toI422(m);
         ZORCC_CALL(zoriYCbCr422ToRGB_8u_P3C3R(m.src.data(), m.step.data(), rgb.data(), rgb.step(), roi));
@@ -99,11 +107,10 @@ Data decode(const Data& in, const OpOptions&) {
             });
             break;
     }
-    return Data(Picture(std::move(rgb)));
 }
 
 // 4:2:0 with the chroma rows interpolated by the four-tap filter.
-Data decodeFiltered(const Data& in, const OpOptions&) {
+void decodeFiltered(const Data& in, Work& w, const OpOptions&) {
     const YuvFrame& f = in.yuv;
     if (f.format != YuvFormat::I420) throw std::runtime_error("decode-filtered takes i420 frames");
     if (f.height % 8 != 0)
@@ -111,29 +118,27 @@ Data decodeFiltered(const Data& in, const OpOptions&) {
     // The filter decoder takes planes Y, Cr, Cb and writes B, G, R, A.
     const Zor8u* planes[3] = {f.plane(0), f.plane(2), f.plane(1)};
     const int steps[3] = {f.step(0), f.step(2), f.step(1)};
-    Image8 bgra(f.width, f.height, 4);
+    Image8& bgra = w.image(0, f.width, f.height, 4);
     ZORCC_CALL(zoriYCrCb420ToBGR_Filter_8u_P3C4R(planes, steps, bgra.data(), bgra.step(), roiOf(f.width, f.height), 255));
-    Image8 rgb(f.width, f.height, 3);
+    Image8& rgb = w.outImage(f.width, f.height, 3);
     for (std::size_t i = 0, n = static_cast<std::size_t>(f.width) * f.height; i < n; ++i)
         for (int c = 0; c < 3; ++c) rgb.pixels[3 * i + c] = bgra.pixels[4 * i + 2 - c];
-    return Data(Picture(std::move(rgb)));
 }
 
-Data encodeGamma(const Data& in, const OpOptions&) {
-    const Image8 rgb = rgb8Of(in);
-    YuvFrame out(YuvFormat::UYVY, rgb.width, rgb.height);
+void encodeGamma(const Data& in, Work& w, const OpOptions&) {
+    const Image8& rgb = rgb8Of(in, w);
+    YuvFrame& out = w.outFrame(YuvFormat::UYVY, rgb.width, rgb.height);
     ZORCC_CALL(zoriRGBToCbYCr422Gamma_8u_C3C2R(rgb.data(), rgb.step(), out.plane(0), out.step(0),
                                                roiOf(rgb.width, rgb.height)));
-    return Data(std::move(out));
 }
 
-Data packedEncode(const Data& in, const OpOptions& o) {
+void packedEncode(const Data& in, Work& w, const OpOptions& o) {
     const Packed16& src = in.packed;
     const bool is565 = src.format == "bgr565";
     if (!is565 && src.format != "bgr555")
         throw std::runtime_error("packed-encode reads bgr565 or bgr555 words, not " + src.format);
     const YuvFormat f = targetFormat(o, YuvFormat::I420);
-    YuvFrame out(f, src.width, src.height);
+    YuvFrame& out = w.outFrame(f, src.width, src.height);
     Planes p = planesOf(out);
     const ZoriSize roi = roiOf(src.width, src.height);
     const Zor16u* s = src.words.data();
@@ -152,7 +157,6 @@ Data packedEncode(const Data& in, const OpOptions& o) {
             break;
         default: throw std::runtime_error("packed-encode writes i422, i420 or i411, not " + std::string(formatName(f)));
     }
-    return Data(std::move(out));
 }
 
 }  // namespace
@@ -163,25 +167,26 @@ void addVideoOps(std::vector<Op>& ops) {
                     "zoriRGBToYCbCr422_8u_C3C2R (yuy2)", "zoriRGBToCbYCr422_8u_C3C2R (uyvy)",
                     "zoriRGBToYCbCr420_8u_C3P3R (i420)", "zoriRGBToYCbCr420_8u_C3P3R + zoriYCbCr420_8u_P3P2R (nv12)",
                     "zoriBGRToYCbCr411_8u_C3P3R (i411)"},
-                   kImage, Kind::Yuv, encode});
+                   kImage, Kind::Yuv, encode, RangeUse::WritesStudio});
     ops.push_back({"decode", "video", "YCbCr frame of any layout to an RGB image (chroma replicated)",
                    {"zoriYCbCrToRGB_8u_P3C3R (i444)", "zoriYCbCr422ToRGB_8u_P3C3R (i422, and after relayout)",
                     "zoriYCbCr422ToRGB_8u_C2C3R (yuy2)", "zoriCbYCr422ToRGB_8u_C2C3R (uyvy)",
                     "zoriYCbCr420ToYCbCr422_8u_P3R (i420)", "zoriYCbCr420ToYCbCr422_8u_P2P3R (nv12)",
                     "zoriYCbCr411ToYCbCr422_8u_P3R (i411)"},
-                   kYuv, Kind::Image, decode});
+                   kYuv, Kind::Image, decode, RangeUse::ReadsStudio});
     ops.push_back({"decode-filtered", "video",
                    "i420 frame to RGB with chroma rows interpolated by the -1,9,9,-1 filter (height a multiple of 8)",
-                   {"zoriYCrCb420ToBGR_Filter_8u_P3C4R"}, kYuv, Kind::Image, decodeFiltered});
+                   {"zoriYCrCb420ToBGR_Filter_8u_P3C4R"}, kYuv, Kind::Image, decodeFiltered,
+                   RangeUse::ReadsStudio});
     ops.push_back({"encode-gamma", "video",
                    "RGB image through the video gamma curve, then to uyvy with filtered chroma",
-                   {"zoriRGBToCbYCr422Gamma_8u_C3C2R"}, kImage, Kind::Yuv, encodeGamma});
+                   {"zoriRGBToCbYCr422Gamma_8u_C3C2R"}, kImage, Kind::Yuv, encodeGamma, RangeUse::WritesStudio});
     ops.push_back({"packed-encode", "video",
                    "raw bgr565/bgr555 words (--format) to YCbCr i422, i420 or i411 (--to, default i420)",
                    {"zoriBGR565ToYCbCr422_16u8u_C3P3R", "zoriBGR555ToYCbCr422_16u8u_C3P3R",
                     "zoriBGR565ToYCbCr420_16u8u_C3P3R", "zoriBGR555ToYCbCr420_16u8u_C3P3R",
                     "zoriBGR565ToYCbCr411_16u8u_C3P3R", "zoriBGR555ToYCbCr411_16u8u_C3P3R"},
-                   kPacked, Kind::Yuv, packedEncode});
+                   kPacked, Kind::Yuv, packedEncode, RangeUse::WritesStudio});
 }
 
 }  // namespace zorcc_tool

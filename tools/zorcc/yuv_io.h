@@ -4,6 +4,8 @@
 
 #include "image_io.h"
 
+#include "zorcc.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -35,14 +37,16 @@ struct YuvFrame {
     // Allocates the planes; throws std::runtime_error when the size does not
     // suit the format (even width for 4:2:2 and 4:2:0, even height for
     // 4:2:0, width a multiple of 4 for 4:1:1).
-    YuvFrame(YuvFormat f, int w, int h);
+    YuvFrame(YuvFormat f, int w, int h) { reshape(f, w, h); }
+    // The same for a frame in use: its planes keep their memory when it is
+    // big enough (their samples are then left as they were).
+    void reshape(YuvFormat f, int w, int h);
     int planeCount() const { return static_cast<int>(planes.size()); }
     int planeWidth(int i) const;  // bytes per row
     int planeHeight(int i) const;
     std::uint8_t* plane(int i) { return planes[i].data(); }
     const std::uint8_t* plane(int i) const { return planes[i].data(); }
     int step(int i) const { return planeWidth(i); }
-    std::size_t byteSize() const;
 };
 
 // Checks a size for a format; returns an empty string or the reason.
@@ -51,7 +55,8 @@ std::size_t frameBytes(YuvFormat f, int w, int h);
 
 // Packed 16-bit RGB pixels (words in host order, stored little-endian in
 // raw files): rgb565, bgr565, rgb555, bgr555, rgb444, bgr444, named by the
-// channels from the low end of the word upward.
+// channels from the low end of the word upward: rgb565 has R in bits 0-4,
+// G in 5-10 and B in 11-15 (what ffmpeg calls bgr565le).
 struct Packed16 {
     std::string format = "rgb565";
     int width = 0;
@@ -59,8 +64,11 @@ struct Packed16 {
     std::vector<std::uint16_t> words;
 
     Packed16() = default;
-    Packed16(std::string f, int w, int h)
-        : format(std::move(f)), width(w), height(h), words(static_cast<std::size_t>(w) * h) {}
+    Packed16(std::string f, int w, int h) { reshape(std::move(f), w, h); }
+    void reshape(std::string f, int w, int h) {
+        format = std::move(f), width = w, height = h;
+        words.resize(static_cast<std::size_t>(w) * h);
+    }
     int step() const { return width * 2; }
 };
 bool isPacked16Format(const std::string& name);
@@ -90,7 +98,30 @@ struct RawDescription {
     std::string format;  // a YUV format or a packed 16-bit one
 };
 
-// A source of frames: one image, or the frames of a raw or Y4M file.
+// What a reader was told.
+struct ReadOptions {
+    FileFormat format = FileFormat::Unknown;  // Unknown: by content, then by extension
+    RawDescription raw;
+    // How Y4M samples of more than 8 bits are reduced to 8 bits.
+    ZorDitherType dither = zorDitherNone;
+    bool quiet = false;  // no notes on standard error
+};
+
+enum class Range { Unknown, Limited, Full };
+
+// The stream's description that a Y4M output carries over from the input.
+struct StreamInfo {
+    std::string rate = "25:1";   // F
+    std::string interlace = "p";  // I: p, t, b, m or ?
+    std::string aspect = "1:1";  // A (empty: not given)
+    Range range = Range::Unknown;  // XCOLORRANGE
+    std::string siting = "jpeg";  // 4:2:0 chroma siting: jpeg, mpeg2, paldv or "" (not given)
+    std::vector<std::string> extra;  // other X tags, as they were
+};
+
+// A source of frames: one image, or the frames of a raw or Y4M input. The
+// frame given to next() is reshaped in place, so a stream of frames of one
+// shape is read without allocating.
 class FrameReader {
 public:
     virtual ~FrameReader() = default;
@@ -99,28 +130,33 @@ public:
     virtual bool next(Data& out) = 0;
     // Number of frames if known in advance (0 if not).
     virtual int frameCount() const = 0;
-    // Y4M frame rate of the input ("25:1" when there is none).
-    virtual std::string frameRate() const { return "25:1"; }
+    virtual Kind kind() const = 0;
+    virtual FileFormat format() const = 0;
+    virtual const StreamInfo& info() const { return info_; }
+
+protected:
+    StreamInfo info_;
 };
 
-// Opens IN: an image by extension (png, ppm, pgm, pnm), a Y4M stream (y4m),
-// anything else as a raw file, which needs the raw description's size and format.
-std::unique_ptr<FrameReader> openReader(const std::string& path, const RawDescription& raw);
+// Opens IN ("-": standard input), recognised by --in-format, by --format
+// (a raw layout), by its first bytes (PNG, Y4M, PGM/PPM), by its extension,
+// or else as raw frames that need the raw description's size and format.
+std::unique_ptr<FrameReader> openReader(const std::string& path, const ReadOptions& options);
 
-// A sink of frames written to a temporary name and renamed by finish().
+// A sink of frames; a file's content is in place after finish().
 class FrameWriter {
 public:
     virtual ~FrameWriter() = default;
-    virtual void write(const Data& frame) = 0;
+    virtual void write(const Data& frame, const StreamInfo& info) = 0;
     virtual void finish() = 0;
 };
 
-// Opens OUT by extension: images (one frame; a '%d' in the name numbers
-// several frames), y4m (YUV 4:2:0, 4:2:2, 4:4:4 or 4:1:1 planar frames), or
-// raw (anything else: YUV frames or packed words as they are).
-std::unique_ptr<FrameWriter> openWriter(const std::string& path, const std::string& frameRate);
+// Opens OUT ("-": standard output) as images (one frame; a '%d' in the name
+// numbers several frames), Y4M (4:2:0, 4:2:2, 4:4:4 or 4:1:1 planar frames),
+// or raw (YUV frames or packed words as they are).
+std::unique_ptr<FrameWriter> openWriter(const std::string& path, FileFormat format);
 
-// Y4M colour-space tag of a format ("420jpeg", "422", ...), or nullptr.
+// Y4M colour-space tag of a format ("420", "422", ...), or nullptr.
 const char* y4mTag(YuvFormat f);
 
 }  // namespace zorcc_tool
