@@ -1,4 +1,4 @@
-// The video conversions side by side with a memcpy of the same traffic and
+// Conversions side by side with a memcpy of the same traffic and
 // with the same job done by libyuv and OpenCV, where the build found them.
 //
 // Every case converts one 1920x1080 frame on the calling thread (team size
@@ -16,156 +16,24 @@
 //
 // The target column is the CPU target that the library runs (ZOR_CPU pins
 // it) unless --label names the run (for a library without targets).
-#include "zorcc.h"
+#include "side_by_side.h"
 
 #include "core/cpu.h"
 
 #include <dlfcn.h>
-#include <time.h>
 
-#include <algorithm>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <vector>
-
-#ifdef ZORCC_BENCH_HAVE_LIBYUV
-#include <libyuv.h>
-#endif
-#ifdef ZORCC_BENCH_HAVE_OPENCV
-#include <opencv2/core.hpp>
-#include <opencv2/imgproc.hpp>
-#endif
+namespace sbs {
 
 namespace {
 
-constexpr int kW = 1920, kH = 1080;
-constexpr ZoriSize kRoi{kW, kH};
-
-// A frame layout: packed pixels of `bpp` bytes, or (bpp 0) three planes of
-// which the two chroma planes are W/cw x H/ch. The planes of a frame lie one
-// after the other in one block, as in I420, so that OpenCV sees the same
-// bytes as one image of 1.5 H rows.
-struct Layout {
-    int bpp, cw, ch;
+struct Group {
+    int rank, order;
+    const Case *begin, *end;
 };
-constexpr Layout packed(int bpp) { return {bpp, 0, 0}; }
-constexpr Layout planar(int cw, int ch) { return {0, cw, ch}; }
-
-// A 64-byte aligned buffer that starts `skew` bytes into its allocation.
-// Large allocations all start at the same offset in a 4 KiB page; a source
-// and a destination of the same layout would then share the address bits
-// below 4 KiB at every pixel, and the processor stalls loads that look like
-// reloads of pending stores to the other buffer (4K aliasing). The buffers
-// of a case get different skews to keep that accident out of the comparison.
-class Block {
-public:
-    Block(std::size_t n, std::size_t skew)
-        : n_(n), base_(static_cast<Zor8u*>(std::aligned_alloc(64, (n + skew + 63) / 64 * 64))), p_(base_ + skew) {
-        if (!base_) {
-            std::fprintf(stderr, "out of memory\n");
-            std::exit(1);
-        }
-    }
-    ~Block() { std::free(base_); }
-    Block(const Block&) = delete;
-    Block& operator=(const Block&) = delete;
-    Zor8u* data() const { return p_; }
-    std::size_t size() const { return n_; }
-
-    // Deterministic noise: every library reads the same bytes.
-    void fill(std::uint32_t seed) {
-        std::uint32_t x = seed * 2654435761u + 1u;
-        for (std::size_t i = 0; i < n_; ++i) {
-            x ^= x << 13;
-            x ^= x >> 17;
-            x ^= x << 5;
-            p_[i] = static_cast<Zor8u>(x >> 24);
-        }
-    }
-
-private:
-    std::size_t n_;
-    Zor8u* base_;
-    Zor8u* p_;
-};
-
-std::size_t frameBytes(Layout l) {
-    const std::size_t luma = static_cast<std::size_t>(kW) * kH;
-    if (l.bpp) return luma * l.bpp;
-    return luma + 2 * static_cast<std::size_t>(kW / l.cw) * (kH / l.ch);
+std::vector<Group>& groups() {
+    static std::vector<Group> g;
+    return g;
 }
-
-class Image {
-public:
-    Image(Layout l, std::size_t skew) : layout_(l), block_(frameBytes(l), skew) {
-        plane_[0] = plane_[1] = plane_[2] = block_.data();
-        step_[0] = step_[1] = step_[2] = l.bpp ? kW * l.bpp : kW;
-        if (!l.bpp) {
-            const int cw = kW / l.cw, ch = kH / l.ch;
-            plane_[1] = block_.data() + static_cast<std::size_t>(kW) * kH;
-            plane_[2] = plane_[1] + static_cast<std::size_t>(cw) * ch;
-            step_[1] = step_[2] = cw;
-        }
-    }
-    Zor8u* p(int i = 0) { return plane_[i]; }
-    Zor16u* w() { return reinterpret_cast<Zor16u*>(plane_[0]); }
-    int st(int i = 0) const { return step_[i]; }
-    Zor8u* const* pl() { return plane_; }
-    const int* sts() const { return step_; }
-    std::size_t bytes() const { return block_.size(); }
-    Block& block() { return block_; }
-    Layout layout() const { return layout_; }
-
-private:
-    Layout layout_;
-    Block block_;
-    Zor8u* plane_[3];
-    int step_[3];
-};
-
-using Job = int (*)(Image& s, Image& d);
-
-struct Case {
-    const char* label;
-    const char* function;
-    Layout src, dst;
-    Job zorcc, libyuv, opencv;
-    const char* note;
-};
-
-#define ZOR(...) [](Image& s, Image& d) -> int { return __VA_ARGS__; }
-#ifdef ZORCC_BENCH_HAVE_LIBYUV
-#define YUV(...) [](Image& s, Image& d) -> int { return libyuv::__VA_ARGS__; }
-// libyuv's dither matrix: a 4x4 Bayer order of 0..7.
-const std::uint8_t kDither4x4[16] = {0, 4, 1, 5, 6, 2, 7, 3, 1, 5, 0, 4, 7, 3, 6, 2};
-#else
-#define YUV(...) nullptr
-#endif
-#ifdef ZORCC_BENCH_HAVE_OPENCV
-cv::Mat matOf(Image& img) {
-    const Layout l = img.layout();
-    if (l.bpp) return cv::Mat(kH, kW, CV_8UC(l.bpp), img.p(), static_cast<std::size_t>(img.st()));
-    return cv::Mat(static_cast<int>(img.bytes() / kW), kW, CV_8UC1, img.p());
-}
-// Converts into the destination frame; -1 if OpenCV would not write there.
-int cvConvert(Image& s, Image& d, int code) {
-    cv::Mat out = matOf(d);
-    const Zor8u* before = out.data;
-    cv::cvtColor(matOf(s), out, code);
-    return out.data == before ? 0 : -1;
-}
-#define OCV(code) [](Image& s, Image& d) -> int { return cvConvert(s, d, cv::code); }
-#else
-#define OCV(code) nullptr
-#endif
-#define NONE nullptr
-
-// Layouts by name.
-const Layout kC1 = packed(1), kC2 = packed(2), kC3 = packed(3), kC4 = packed(4);
-const Layout k444 = planar(1, 1), k422 = planar(2, 1), k420 = planar(2, 2), k411 = planar(4, 1);
 
 // Conversions that a peer also does. libyuv names pixel formats by the
 // little-endian word: its ARGB is B, G, R, A in memory, ABGR is R, G, B, A,
@@ -353,6 +221,9 @@ const Case kOtherCases[] = {
     ALONE(zoriYUV420ToRGB_8u_P3C3, k420, kC3, s.pl(), d.p(), kRoi),
 };
 
+const CaseGroup kVideoPeers(0, std::begin(kPeerCases), std::end(kPeerCases));
+const CaseGroup kVideoOthers(0, std::begin(kOtherCases), std::end(kOtherCases));
+
 const char* const kNotes[] = {
     "NV12 to RGB24 / ARGB: zorcc has no semi-planar 4:2:0 to RGB conversion (its P2 forms only change the chroma "
     "layout); not measured",
@@ -414,7 +285,7 @@ struct Result {
 Result measure(const Case& c, int runs) {
     Result r;
     Image src(c.src, 0), dst(c.dst, 1088);
-    src.block().fill(1);
+    src.fill(1);
     std::memset(dst.p(), 0, dst.bytes());
     const std::size_t copyBytes = (src.bytes() + dst.bytes()) / 2;
     Block from(copyBytes, 2176), to(copyBytes, 3264);
@@ -485,15 +356,30 @@ std::string libraryFile() {
 
 }  // namespace
 
+CaseGroup::CaseGroup(int rank, const Case* begin, const Case* end) {
+    groups().push_back({rank, static_cast<int>(groups().size()), begin, end});
+}
+
+std::vector<const Case*> registeredCases() {
+    std::vector<Group> g = groups();
+    std::sort(g.begin(), g.end(),
+              [](const Group& a, const Group& b) { return a.rank != b.rank ? a.rank < b.rank : a.order < b.order; });
+    std::vector<const Case*> out;
+    for (const Group& x : g)
+        for (const Case* c = x.begin; c != x.end; ++c) out.push_back(c);
+    return out;
+}
+
+}  // namespace sbs
+
 int main(int argc, char** argv) {
+    using namespace sbs;
     const Options o = parse(argc, argv);
     if (o.listTargets) {
         for (zor::cpu::Target t : zor::cpu::available()) std::printf("%s\n", zor::cpu::name(t));
         return 0;
     }
-    std::vector<const Case*> cases;
-    for (const Case& c : kPeerCases) cases.push_back(&c);
-    for (const Case& c : kOtherCases) cases.push_back(&c);
+    std::vector<const Case*> cases = registeredCases();
     if (!o.filter.empty()) {
         cases.erase(std::remove_if(cases.begin(), cases.end(),
                                    [&](const Case* c) {
