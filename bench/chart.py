@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Chart and Markdown table of the side-by-side benchmark of the video
-conversions (written by scripts/bench.sh from the CSV of bench_side_by_side).
+"""Chart and Markdown table of the side-by-side benchmark of the conversions
+(written by scripts/bench.sh from the CSV of bench_side_by_side), and the
+short table of the README between its bench markers.
 
 Per case and series (the CPU targets, and `before`, the library before its
 vector kernels): the time, the time over a memcpy of the same traffic and
@@ -108,7 +109,7 @@ def chart(cases, series, rows, png):
     axes[0].set_yticklabels(cases, fontsize=8)
     axes[0].set_ylim(n - 0.5, -0.5)
     axes[1].legend(loc="lower right")
-    fig.suptitle("Video conversions, 1920x1080, one thread, CPU time (median)")
+    fig.suptitle("Conversions, 1920x1080, one thread, CPU time (median)")
     fig.tight_layout(rect=(0, 0, 1, 1 - 0.4 / fig.get_figheight()))
     fig.savefig(png, dpi=80)
 
@@ -143,7 +144,7 @@ def markdown(cases, functions, series, rows, args):
             return None
         return now["zorcc"] / then["zorcc"]
 
-    out = ["# Video conversions side by side", ""]
+    out = ["# Conversions side by side", ""]
     out.append(f"Measured {date} on {model} ({count} logical processors, shared), commit {args.commit}. "
                f"1920x1080 frames, one thread, CPU time of the calling thread, median of {args.runs} timed runs "
                f"after a warm-up" + (f"; peers: {peers}." if peers else "."))
@@ -196,6 +197,54 @@ def markdown(cases, functions, series, rows, args):
         f.write("\n".join(out))
 
 
+README_BEGIN = "<!-- bench table: written by scripts/bench.sh -->"
+README_END = "<!-- end of bench table -->"
+
+
+def readme_table(cases, functions, series, rows, args):
+    """The README's short table: every case with a peer, as ratios per CPU
+    target, and one line per target for the cases without a peer."""
+    targets = [s for s in series if s != "before"]
+    best = targets[-1] if targets else None
+    model, _ = cpu_model()
+    date = datetime.datetime.now(datetime.timezone.utc).strftime("%Y-%m-%d")
+    out = [README_BEGIN, "",
+           f"Measured {date} on {model}, commit {args.commit}: 1920x1080, one thread, CPU time, median of "
+           f"{args.runs} runs. Each cell is zorcc's time over a memcpy of the same traffic; the last column is "
+           f"zorcc's time at {best} over the faster peer's (below 1 the peer is beaten). Every case and "
+           "time: [docs/bench.md](docs/bench.md).", ""]
+    head = ["Case"] + [f"x memcpy {t}" for t in targets] + [f"x peer ({best})"]
+    out.append("| " + " | ".join(head) + " |")
+    out.append("|---|" + "|".join(["---:"] * (len(head) - 1)) + "|")
+    alone = []
+    for c in cases:
+        row = rows.get((c, best))
+        if not row or not best_peer(row):
+            alone.append(c)
+            continue
+        line = [c] + [fmt(ratios(rows.get((c, t)))[0]) for t in targets] + [fmt(ratios(row)[1])]
+        out.append("| " + " | ".join(line) + " |")
+    if alone:
+        line = [f"{len(alone)} cases without a peer: median (worst)"]
+        for t in targets:
+            values = [(ratios(rows.get((c, t)))[0], c) for c in alone]
+            values = [v for v in values if v[0]]
+            if not values:
+                line.append("-")
+                continue
+            worst = max(values)
+            line.append(f"{statistics.median(v for v, _ in values):.2f} ({worst[0]:.1f})")
+        out.append("| " + " | ".join(line + ["-"]) + " |")
+    out += ["", README_END]
+    with open(args.readme) as f:
+        text = f.read()
+    begin, end = text.find(README_BEGIN), text.find(README_END)
+    if begin < 0 or end < begin:
+        raise SystemExit(f"{args.readme} has no bench markers")
+    with open(args.readme, "w") as f:
+        f.write(text[:begin] + "\n".join(out) + text[end + len(README_END):])
+
+
 def main():
     p = argparse.ArgumentParser(description=__doc__)
     p.add_argument("--csv", required=True, help="merged CSV of every series")
@@ -205,10 +254,13 @@ def main():
     p.add_argument("--commit", default="unknown", help="commit measured")
     p.add_argument("--before", default="the earlier commit", help="commit of the before series")
     p.add_argument("--runs", default="the", help="timed runs per case")
+    p.add_argument("--readme", help="file whose bench markers receive the short table")
     args = p.parse_args()
     cases, functions, series, rows = load(args.csv)
     chart(cases, series, rows, args.png)
     markdown(cases, functions, series, rows, args)
+    if args.readme:
+        readme_table(cases, functions, series, rows, args)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Side-by-side benchmark of the video conversions: zorcc at every CPU target
+# Side-by-side benchmark of the conversions: zorcc at every CPU target
 # this machine runs, and the library as it was before its vector kernels,
 # beside memcpy, libyuv and OpenCV. Writes docs/bench.csv, docs/bench.png and
 # docs/bench.md (the table for the README).
@@ -12,6 +12,8 @@
 #                       build-bench-before/)
 #   ZORCC_BENCH_RUNS    timed runs per case (default 15, at least 9)
 #   ZORCC_BENCH_OUT     output folder (default docs/)
+#   ZORCC_BENCH_README  file whose bench markers get the short table
+#                       (default README.md; empty to leave it)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -22,6 +24,7 @@ before=${ZORCC_BENCH_BEFORE-d4250a9}
 before_dir=${ZORCC_BENCH_BEFORE_DIR:-$root/build-bench-before}
 runs=${ZORCC_BENCH_RUNS:-15}
 out=${ZORCC_BENCH_OUT:-$root/docs}
+export ZORCC_BENCH_README=${ZORCC_BENCH_README-$root/README.md}
 jobs=$(nproc)
 export OMP_WAIT_POLICY=passive
 
@@ -82,5 +85,6 @@ git diff --quiet HEAD -- src include CMakeLists.txt || commit="$commit (with loc
 py=python3
 python3 -c 'import matplotlib' 2>/dev/null || py=/usr/bin/python3
 "$py" bench/chart.py --csv "$out/bench.csv" --png "$out/bench.png" --md "$out/bench.md" \
-    --notes "$tmp/${series[-1]}.txt" --commit "$commit" --before "$before" --runs "$runs"
+    --notes "$tmp/${series[-1]}.txt" --commit "$commit" --before "$before" --runs "$runs" \
+    ${ZORCC_BENCH_README:+--readme "$ZORCC_BENCH_README"}
 echo "== wrote $out/bench.csv, $out/bench.png, $out/bench.md in $((SECONDS - start)) s"
