@@ -116,31 +116,6 @@ HWY_INLINE V32 dot(V16 pairs, V16 coef) {
 HWY_INLINE V16 narrow(V32 lo, V32 hi) { return hn::ReorderDemote2To(D16(), lo, hi); }
 
 // ---------------------------------------------------------------------------
-// Encoder
-
-// One half: Y, Cb, Cr of 16-bit R, G, B. 33030 G does not fit a 16-bit
-// coefficient, so luma takes G twice at 16515; the chroma offsets ride on
-// B paired with 512 (512 * 16448 = 128 * 65536 + 32768).
-HWY_INLINE void encodeHalf(V16 r, V16 g, V16 b, V16& y, V16& cb, V16& cr) {
-    const D16 d16;
-    const V16 k512 = hn::Set(d16, 512);
-    const V16 rgL = hn::InterleaveLower(d16, r, g), rgU = hn::InterleaveUpper(d16, r, g);
-    const V16 gbL = hn::InterleaveLower(d16, g, b), gbU = hn::InterleaveUpper(d16, g, b);
-    const V16 bkL = hn::InterleaveLower(d16, b, k512), bkU = hn::InterleaveUpper(d16, b, k512);
-    const V32 lumaBias = hn::Set(D32(), kLumaRounded);
-    const V16 yRG = pair(16843, 16515), yGB = pair(16515, 6423);
-    y = narrow(hn::ShiftRight<16>(dot(rgL, yRG) + dot(gbL, yGB) + lumaBias),
-               hn::ShiftRight<16>(dot(rgU, yRG) + dot(gbU, yGB) + lumaBias));
-    const V16 cbRG = pair(-9699, -19071), cbBK = pair(28770, 16448);
-    cb = narrow(hn::ShiftRight<16>(dot(rgL, cbRG) + dot(bkL, cbBK)),
-                hn::ShiftRight<16>(dot(rgU, cbRG) + dot(bkU, cbBK)));
-    const V16 crRG = pair(28770, -24117), crBK = pair(-4653, 16448);
-    cr = narrow(hn::ShiftRight<16>(dot(rgL, crRG) + dot(bkL, crBK)),
-                hn::ShiftRight<16>(dot(rgU, crRG) + dot(bkU, crBK)));
-}
-static_assert(16515 * 2 == 33030 && 512 * 16448 == kChromaRounded, "encoder coefficient split");
-
-// ---------------------------------------------------------------------------
 // Decoders
 
 // c = 65536 a + b with b in -32768..32767.
