@@ -10,6 +10,7 @@
 #define HWY_TARGET_INCLUDE "video/ycbcr444_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
+#include "hwy/cache_control.h"
 #include "hwy/highway.h"
 #include "video/vec-inl.h"
 #include "video/ycbcr444_kernels.h"
@@ -40,6 +41,27 @@ struct BlockTable {
 template <class F>
 HWY_INLINE V8 lookupInBlocks(V8 v, const BlockTable<F>& t) {
     return hn::TableLookupBytes(v, hn::LoadU(D8(), t.bytes));
+}
+
+// Source rows are fetched ahead of the loads (whole frames do not fit the
+// caches; the hardware prefetchers alone leave the loads waiting): the
+// bytes of kAhead pixels further on, one request per 64-byte line. The
+// address is never dereferenced and may lie past the row.
+constexpr std::size_t kAhead = 512;
+template <int Bytes>
+HWY_INLINE void fetchAhead(const Zor8u* p) {
+    const std::uintptr_t at = reinterpret_cast<std::uintptr_t>(p) + Bytes * kAhead;
+    for (int k = 0; k < Bytes * static_cast<int>(hn::MaxLanes(D8())); k += 64) {
+        hwy::Prefetch(reinterpret_cast<const Zor8u*>(at + static_cast<std::uintptr_t>(k)));
+    }
+}
+
+HWY_INLINE void fetchAhead(Row3<const Zor8u> s, std::size_t i) {
+    for (const Zor8u* p : s.p) fetchAhead<1>(p + i);
+}
+template <int Stride>
+HWY_INLINE void fetchAhead(RowC<const Zor8u, Stride> s, std::size_t i) {
+    fetchAhead<Stride>(s.p + Stride * i);
 }
 
 // ---------------------------------------------------------------------------
@@ -216,6 +238,7 @@ HWY_INLINE void encodePlanes(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, std::si
     const D8 d8;
     const V8 zero = hn::Zero(d8);
     V8 c[3];
+    fetchAhead(s, i);
     VecPix<S>::load(d8, s, i, c[0], c[1], c[2]);
     V16 lo[3], hi[3];
     for (int k = 0; k < 3; ++k) {
@@ -279,6 +302,7 @@ void encode444(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
             encodePlanes<S, D>(s, d, i);
         } else {
             V8 w[4];
+            fetchAhead(s, i);
             Groups<S>::load(s.p + S::kStride * i, w);
             for (V8& x : w) x = encodeGroup<S, D>(x);
             Groups<D>::store(d.p + D::kStride * i, w);
@@ -351,6 +375,7 @@ HWY_INLINE void decodePlanes(Row3<const Zor8u> s, RowOf<D, Zor8u> d, std::size_t
     const D8 d8;
     const D16 d16;
     const V8 k80 = hn::Set(d8, 0x80), zero = hn::Zero(d8);
+    fetchAhead(s, i);
     const V8 y = PlanesIn<D>::order(hn::LoadU(d8, s.p[0] + i));
     const V8 u = PlanesIn<D>::order(hn::LoadU(d8, s.p[1] + i)) ^ k80;
     const V8 v = PlanesIn<D>::order(hn::LoadU(d8, s.p[2] + i)) ^ k80;
@@ -387,6 +412,7 @@ HWY_INLINE void decodePixels(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, std::si
         return j < 4 * S::kStride && (at == S::kC[1] || at == S::kC[2]) ? 0x80 : 0;
     });
     V8 w[4];
+    fetchAhead(s, i);
     Groups<S>::load(s.p + S::kStride * i, w);
     const auto even = [d16](VU32 x) { return hn::BitCast(d16, x); };
     V8 q[4];
