@@ -397,16 +397,20 @@ HWY_INLINE void decodePixels(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, std::si
     const D8 d8;
     const D16 d16;
     const DU32 d32;
-    // Per pixel: y * 257 and (u - 128) << 8 in the two words of one 32-bit
-    // lane, (v - 128) << 8 in the upper word of another.
-    static constexpr auto kYU = BlockTable([](int j) {
-        const int k = j / 4, at = j % 4;
-        return at < 2 ? S::kStride * k + S::kC[0] : at == 3 ? S::kStride * k + S::kC[1] : 0x80;
-    });
-    static constexpr auto kV = BlockTable([](int j) {
-        const int k = j / 4, at = j % 4;
-        return at == 3 ? S::kStride * k + S::kC[2] : 0x80;
-    });
+    // The words of a decoder input (y * 257, or (x - 128) << 8 for chroma
+    // sample c) in word `half` of each pixel's 32-bit lane.
+    struct Form {
+        int c, half;
+    };
+    const auto table = [](Form f) {
+        return BlockTable([f](int j) {
+            const int k = j / 4, at = j % 4 - 2 * f.half;
+            const int byte = S::kStride * k + S::kC[f.c];
+            return at == 1 || (at == 0 && f.c == 0) ? byte : 0x80;
+        });
+    };
+    static constexpr auto kYA = table({0, 0}), kUA = table({1, 0}), kVA = table({2, 0});
+    static constexpr auto kYB = table({0, 1}), kUB = table({1, 1}), kVB = table({2, 1});
     static constexpr auto kCentre = BlockTable([](int j) {
         const int at = j % S::kStride;
         return j < 4 * S::kStride && (at == S::kC[1] || at == S::kC[2]) ? 0x80 : 0;
@@ -414,15 +418,14 @@ HWY_INLINE void decodePixels(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, std::si
     V8 w[4];
     fetchAhead(s, i);
     Groups<S>::load(s.p + S::kStride * i, w);
-    const auto even = [d16](VU32 x) { return hn::BitCast(d16, x); };
     V8 q[4];
     for (int h = 0; h < 2; ++h) {
         const V8 a = w[2 * h] ^ hn::LoadU(d8, kCentre.bytes), b = w[2 * h + 1] ^ hn::LoadU(d8, kCentre.bytes);
-        const VU32 yuA = hn::BitCast(d32, lookupInBlocks(a, kYU)), yuB = hn::BitCast(d32, lookupInBlocks(b, kYU));
-        const VU32 vA = hn::BitCast(d32, lookupInBlocks(a, kV)), vB = hn::BitCast(d32, lookupInBlocks(b, kV));
+        const auto form = [&](const auto& ta, const auto& tb) {
+            return hn::OddEven(hn::BitCast(d16, lookupInBlocks(b, tb)), hn::BitCast(d16, lookupInBlocks(a, ta)));
+        };
         V16 o[3];
-        decode(hn::OddEven(even(hn::ShiftLeft<16>(yuB)), even(yuA)), hn::OddEven(even(yuB), even(hn::ShiftRight<16>(yuA))),
-               hn::OddEven(even(vB), even(hn::ShiftRight<16>(vA))), o[0], o[1], o[2]);
+        decode(form(kYA, kYB), form(kUA, kUB), form(kVA, kVB), o[0], o[1], o[2]);
         V16 w0, w1;
         pixelWords<D>(o, alpha, w0, w1);
         q[2 * h] = hn::BitCast(d8, hn::OddEven(hn::BitCast(d16, hn::ShiftLeft<16>(hn::BitCast(d32, w1))), w0));
