@@ -118,17 +118,18 @@ struct Groups<Interleaved<4, C0, C1, C2, Fill>> {
         const D8 d8;
         for (int m = 0; m < 4; ++m) w[m] = hn::LoadU(d8, p + m * hn::Lanes(d8));
     }
-    static HWY_INLINE void store(Zor8u* p, const V8 (&q)[4]) {
+    static HWY_INLINE void storeGroup(Zor8u* p, int m, V8 q) {
         const D8 d8;
-        for (int m = 0; m < 4; ++m) {
-            Zor8u* at = p + m * hn::Lanes(d8);
-            if constexpr (Fill) {
-                hn::StoreU(q[m], d8, at);
-            } else {
-                const auto kept = hn::MaskFromVec(hn::BitCast(d8, hn::Set(DU32(), 0xFF000000u)));
-                hn::StoreU(hn::IfThenElse(kept, hn::LoadU(d8, at), q[m]), d8, at);
-            }
+        Zor8u* at = p + m * hn::Lanes(d8);
+        if constexpr (Fill) {
+            hn::StoreU(q, d8, at);
+        } else {
+            const auto kept = hn::MaskFromVec(hn::BitCast(d8, hn::Set(DU32(), 0xFF000000u)));
+            hn::StoreU(hn::IfThenElse(kept, hn::LoadU(d8, at), q), d8, at);
         }
+    }
+    static HWY_INLINE void store(Zor8u* p, const V8 (&q)[4]) {
+        for (int m = 0; m < 4; ++m) storeGroup(p, m, q[m]);
     }
 };
 
@@ -332,40 +333,48 @@ HWY_INLINE void pixelWords(const V16 (&o)[3], V8 fourth, V16& w0, V16& w1) {
     if constexpr (D::kFill) w1 = hn::BitCast(d16, hn::OddEven(fourth, hn::BitCast(d8, w1)));
 }
 
-// Planes to planes: even and odd pixels of each block in the lower and
-// upper halves.
+// Planes to layout D, one 16-bit half of the decoded vector at a time
+// (each consumed before the next is decoded). Planes: even and odd pixels
+// of each block in the two halves.
 template <class D>
-struct PlanesIn;
+struct PlanesOut;
 
 template <>
-struct PlanesIn<Planar> {
+struct PlanesOut<Planar> {
+    V16 even[3];
     static HWY_INLINE V8 order(V8 x) { return evenOddInBlocks(x); }
-    static HWY_INLINE void store(Row3<Zor8u> d, std::size_t i, const V16 (&o)[2][3], V8) {
+    HWY_INLINE void put(Row3<Zor8u> d, std::size_t i, int h, const V16 (&o)[3], V8) {
         const D8 d8;
         for (int k = 0; k < 3; ++k) {
-            hn::StoreU(hn::OddEven(hn::BitCast(d8, clampHigh(o[1][k])), hn::BitCast(d8, clampLow(o[0][k]))), d8,
-                       d.p[k] + i);
+            if (h == 0) {
+                even[k] = clampLow(o[k]);
+            } else {
+                hn::StoreU(hn::OddEven(hn::BitCast(d8, clampHigh(o[k])), hn::BitCast(d8, even[k])), d8, d.p[k] + i);
+            }
         }
     }
 };
 
-// Planes to interleaved pixels: quarters of the blocks, whose 32-bit
-// interleave puts the pixels in order.
+// Interleaved pixels: quarters of the blocks, whose 32-bit interleave puts
+// the pixels in order.
 template <int Stride, int C0, int C1, int C2, bool Fill>
-struct PlanesIn<Interleaved<Stride, C0, C1, C2, Fill>> {
+struct PlanesOut<Interleaved<Stride, C0, C1, C2, Fill>> {
     using D = Interleaved<Stride, C0, C1, C2, Fill>;
+    V8 q[4];
     static HWY_INLINE V8 order(V8 x) { return quartersAcrossBlocks(x); }
-    static HWY_INLINE void store(RowC<Zor8u, Stride> d, std::size_t i, const V16 (&o)[2][3], V8 alpha) {
+    HWY_INLINE void put(RowC<Zor8u, Stride> d, std::size_t i, int h, const V16 (&o)[3], V8 alpha) {
         const D8 d8;
         const D16 d16;
-        V8 q[4];
-        for (int h = 0; h < 2; ++h) {
-            V16 w0, w1;
-            pixelWords<D>(o[h], alpha, w0, w1);
-            q[2 * h] = hn::BitCast(d8, hn::InterleaveLower(d16, w0, w1));
-            q[2 * h + 1] = hn::BitCast(d8, hn::InterleaveUpper(d16, w0, w1));
+        V16 w0, w1;
+        pixelWords<D>(o, alpha, w0, w1);
+        q[2 * h] = hn::BitCast(d8, hn::InterleaveLower(d16, w0, w1));
+        q[2 * h + 1] = hn::BitCast(d8, hn::InterleaveUpper(d16, w0, w1));
+        if constexpr (Stride == 4) {
+            Groups<D>::storeGroup(d.p + Stride * i, 2 * h, q[2 * h]);
+            Groups<D>::storeGroup(d.p + Stride * i, 2 * h + 1, q[2 * h + 1]);
+        } else if (h == 1) {
+            Groups<D>::store(d.p + Stride * i, q);
         }
-        Groups<D>::store(d.p + Stride * i, q);
     }
 };
 
@@ -375,16 +384,19 @@ HWY_INLINE void decodePlanes(Row3<const Zor8u> s, RowOf<D, Zor8u> d, std::size_t
     const D8 d8;
     const D16 d16;
     const V8 k80 = hn::Set(d8, 0x80), zero = hn::Zero(d8);
+    using Out = PlanesOut<D>;
     fetchAhead(s, i);
-    const V8 y = PlanesIn<D>::order(hn::LoadU(d8, s.p[0] + i));
-    const V8 u = PlanesIn<D>::order(hn::LoadU(d8, s.p[1] + i)) ^ k80;
-    const V8 v = PlanesIn<D>::order(hn::LoadU(d8, s.p[2] + i)) ^ k80;
-    V16 o[2][3];
+    const V8 y = Out::order(hn::LoadU(d8, s.p[0] + i));
+    const V8 u = Out::order(hn::LoadU(d8, s.p[1] + i)) ^ k80;
+    const V8 v = Out::order(hn::LoadU(d8, s.p[2] + i)) ^ k80;
+    Out out;
+    V16 o[3];
     decode(hn::BitCast(d16, hn::InterleaveLower(d8, y, y)), hn::BitCast(d16, hn::InterleaveLower(d8, zero, u)),
-           hn::BitCast(d16, hn::InterleaveLower(d8, zero, v)), o[0][0], o[0][1], o[0][2]);
+           hn::BitCast(d16, hn::InterleaveLower(d8, zero, v)), o[0], o[1], o[2]);
+    out.put(d, i, 0, o, alpha);
     decode(hn::BitCast(d16, hn::InterleaveUpper(d8, y, y)), hn::BitCast(d16, hn::InterleaveUpper(d8, zero, u)),
-           hn::BitCast(d16, hn::InterleaveUpper(d8, zero, v)), o[1][0], o[1][1], o[1][2]);
-    PlanesIn<D>::store(d, i, o, alpha);
+           hn::BitCast(d16, hn::InterleaveUpper(d8, zero, v)), o[0], o[1], o[2]);
+    out.put(d, i, 1, o, alpha);
 }
 
 // Interleaved pixels to interleaved pixels: groups of four pixels, two
