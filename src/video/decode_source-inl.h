@@ -280,12 +280,11 @@ HWY_INLINE V16 highHalves(V32 even, V32 odd) {
 #endif
 }
 
-// Clamped: each channel as a 16-bit lane whose low byte is the channel
-// clamped to 0..255 (the high byte is not part of the result); the sums then
+// Clamped: each channel clamped to 0..255 in a 16-bit lane; the sums then
 // carry a bias of 32256 in their high halves and Y one of 256, so that the
-// saturating addition of the two gives the channel plus 32512 = 0x7F00 capped
-// at 0x7FFF, and the maximum with 0x7F00 the lower bound. Otherwise the
-// exact channel, unclamped.
+// saturating addition of the two gives the channel plus 32512 capped at
+// 32767, and the unsigned saturating subtraction of 32512 the lower bound.
+// Otherwise the exact channel, unclamped.
 template <const Decoder& K, class S>
 struct VecPairDecoded {
     static constexpr std::int32_t kYb = K.kY - 65536;
@@ -317,8 +316,13 @@ struct VecPairDecoded {
     template <bool Clamped>
     static HWY_INLINE V16 channel(V32 even, V32 odd, V32 chroma, V16 y) {
         const V16 high = highHalves(hn::Add(even, chroma), hn::Add(odd, chroma));
-        if constexpr (!Clamped) return hn::Add(high, y);
-        else return hn::Max(hn::SaturatedAdd(high, y), hn::Set(D16(), static_cast<std::int16_t>(kHighBias + kYBias)));
+        if constexpr (!Clamped) {
+            return hn::Add(high, y);
+        } else {
+            const DU16 du;
+            const auto capped = hn::BitCast(du, hn::SaturatedAdd(high, y));
+            return hn::BitCast(D16(), hn::SaturatedSub(capped, hn::Set(du, static_cast<std::uint16_t>(kHighBias + kYBias))));
+        }
     }
     template <bool Blocked = false, bool Clamped = false>
     static HWY_INLINE void at(RowOf<S, const std::uint8_t> row, std::size_t i, V16 r[2], V16 g[2], V16 b[2]) {
