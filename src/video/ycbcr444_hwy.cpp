@@ -342,6 +342,8 @@ struct PlanesOut;
 template <>
 struct PlanesOut<Planar> {
     V16 even[3];
+    // Written out, so that the vectors are built in code of this target.
+    HWY_INLINE PlanesOut() {}
     static HWY_INLINE V8 order(V8 x) { return evenOddInBlocks(x); }
     HWY_INLINE void put(Row3<Zor8u> d, std::size_t i, int h, const V16 (&o)[3], V8) {
         const D8 d8;
@@ -361,6 +363,7 @@ template <int Stride, int C0, int C1, int C2, bool Fill>
 struct PlanesOut<Interleaved<Stride, C0, C1, C2, Fill>> {
     using D = Interleaved<Stride, C0, C1, C2, Fill>;
     V8 q[4];
+    HWY_INLINE PlanesOut() {}
     static HWY_INLINE V8 order(V8 x) { return quartersAcrossBlocks(x); }
     HWY_INLINE void put(RowC<Zor8u, Stride> d, std::size_t i, int h, const V16 (&o)[3], V8 alpha) {
         const D8 d8;
