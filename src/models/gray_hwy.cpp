@@ -9,6 +9,8 @@
 #include "hwy/highway.h"
 #include "models/gray_kernels.h"
 
+#include <array>
+
 HWY_BEFORE_NAMESPACE();
 namespace zor {
 namespace HWY_NAMESPACE {
@@ -45,11 +47,14 @@ using VU32 = hn::Vec<DU32>;
 // modulo 2^32. The sums of 16-bit products stay below 2^31.
 struct GrayCoefficients {
     V16 k01, k2Low, k2High;  // (w0, w1) pairs; w2 in the lower or upper half
+    V16 k02, k1;             // (w0, w2) pairs; w1 in the lower half
     explicit GrayCoefficients(std::uint32_t w0, std::uint32_t w1, std::uint32_t w2) {
         const DU32 du32;
         k01 = hn::BitCast(D16(), hn::Set(du32, w0 | (w1 << 16)));
         k2Low = hn::BitCast(D16(), hn::Set(du32, w2));
         k2High = hn::BitCast(D16(), hn::Set(du32, w2 << 16));
+        k02 = hn::BitCast(D16(), hn::Set(du32, w0 | (w2 << 16)));
+        k1 = hn::BitCast(D16(), hn::Set(du32, w1));
     }
 };
 
@@ -91,6 +96,65 @@ HWY_INLINE V8 gray8Vector(V8 a, V8 b, V8 c, const GrayCoefficients& low, const G
     return hn::BitCast(D8(), hn::OddEven(hn::BitCast(du16, b23), hn::BitCast(du16, b01)));
 }
 
+// Four-byte pixels, one per 32-bit lane: channels 0 and 2 are the lane's
+// 16-bit halves with the high bytes masked off, channel 1 (and the ignored
+// fourth) the high bytes moved down, so the sum of a pixel is two pairwise
+// products. Its bits 12..19 are the low byte of the sum shifted right by 12.
+template <bool kSplit>
+HWY_INLINE VU32 gray8Sums(VU32 x, const GrayCoefficients& low, const GrayCoefficients& high) {
+    const D8 d8;
+    const DU32 du32;
+    const D32 d32;
+    alignas(16) static constexpr std::uint8_t kOdd[16] = {1, 0x80, 3, 0x80, 5, 0x80, 7, 0x80,
+                                                          9, 0x80, 11, 0x80, 13, 0x80, 15, 0x80};
+    const V16 even = hn::BitCast(D16(), hn::And(x, hn::Set(du32, 0x00FF00FFu)));
+    const V16 odd = hn::BitCast(D16(), hn::TableLookupBytes(hn::BitCast(d8, x), hn::LoadDup128(d8, kOdd)));
+    const auto dot = [d32, du32](V16 a, V16 k) {
+        auto o = hn::Zero(d32);
+        const auto e = hn::ReorderWidenMulAccumulate(d32, a, k, hn::Zero(d32), o);
+        return hn::BitCast(du32, hn::RearrangeToOddPlusEven(e, o));
+    };
+    VU32 sum = dot(even, low.k02) + dot(odd, low.k1);
+    if constexpr (kSplit) sum = sum + hn::ShiftLeft<12>(dot(even, high.k02) + dot(odd, high.k1));
+    return hn::ShiftRight<12>(sum);
+}
+
+// The low bytes of the lanes of four vectors of sums (pixels n/4 apart) in
+// pixel order: within each block, the four low bytes of vector v go to
+// 32-bit lane v (byte shuffles; with AVX-512 merged under masks), then the
+// 32-bit lanes are transposed across the blocks.
+HWY_INLINE V8 lowBytesInOrder(const VU32 (&t)[4]) {
+    const D8 d8;
+    const DU32 du32;
+    alignas(16) static constexpr std::uint8_t kTo[4][16] = {
+        {0, 4, 8, 12, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80},
+        {0x80, 0x80, 0x80, 0x80, 0, 4, 8, 12, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80},
+        {0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0, 4, 8, 12, 0x80, 0x80, 0x80, 0x80},
+        {0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0x80, 0, 4, 8, 12}};
+    const auto part = [&](int v) { return hn::TableLookupBytes(hn::BitCast(d8, t[v]), hn::LoadDup128(d8, kTo[v])); };
+    V8 m = part(0);
+    for (int v = 1; v < 4; ++v) {
+#if HWY_TARGET == HWY_AVX3 || HWY_TARGET == HWY_AVX3_DL
+        const auto lane = hn::Ne(hn::LoadDup128(d8, kTo[v]), hn::Set(d8, 0x80));
+        m = hn::IfThenElse(lane, part(v), m);
+#else
+        m = hn::Or(m, part(v));
+#endif
+    }
+    constexpr std::size_t kLanes = hn::MaxLanes(du32), kBlocks = kLanes / 4;
+    if constexpr (kBlocks == 1) {
+        return m;
+    } else {
+        // Output lane D holds pixels 4D..4D+3: lane v of block D % blocks.
+        alignas(64) static constexpr auto kIdx = [] {
+            std::array<std::uint32_t, kLanes> idx{};
+            for (std::size_t lane = 0; lane < kLanes; ++lane) idx[lane] = 4 * (lane % kBlocks) + lane / kBlocks;
+            return idx;
+        }();
+        return hn::BitCast(d8, hn::TableLookupLanes(hn::BitCast(du32, m), hn::SetTableIndices(du32, kIdx.data())));
+    }
+}
+
 template <int N, bool kSplit>
 HWY_INLINE std::size_t gray8Rows(RowC<const Zor8u, N> s, RowC<Zor8u, 1> d, std::size_t width,
                                  const GrayWeights<Zor8u>& k) {
@@ -102,9 +166,18 @@ HWY_INLINE std::size_t gray8Rows(RowC<const Zor8u, N> s, RowC<Zor8u, 1> d, std::
     const GrayCoefficients low = kSplit ? part(0, 0xFFF) : part(0, 0xFFFF), high = part(12, kSplit ? 0xFF : 0);
     std::size_t i = 0;
     for (; i + n <= width; i += n) {
-        V8 c0, c1, c2;
-        loadPixels<N>(d8, s.p + N * i, c0, c1, c2);
-        hn::StoreU(gray8Vector<kSplit>(c0, c1, c2, low, high), d8, d.p + i);
+        if constexpr (N == 4) {
+            const DU32 du32;
+            const std::size_t q = hn::Lanes(du32);
+            VU32 t[4];
+            for (std::size_t v = 0; v < 4; ++v)
+                t[v] = gray8Sums<kSplit>(hn::BitCast(du32, hn::LoadU(d8, s.p + 4 * (i + v * q))), low, high);
+            hn::StoreU(lowBytesInOrder(t), d8, d.p + i);
+        } else {
+            V8 c0, c1, c2;
+            loadPixels<N>(d8, s.p + N * i, c0, c1, c2);
+            hn::StoreU(gray8Vector<kSplit>(c0, c1, c2, low, high), d8, d.p + i);
+        }
     }
     return i;
 }

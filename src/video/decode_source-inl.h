@@ -154,33 +154,47 @@ struct VecDecoded {
 };
 
 // Sources whose chroma serves pixel pairs, one pair per 32-bit lane: Y0 and
-// Y1, Cb and Cr as the lane's 16-bit halves.
+// Y1, Cb and Cr as the lane's 16-bit halves. Blocked: the pairs in the chunk
+// order of byBlocks. YBias is added to both Y lanes.
 template <class S>
 struct VecPairs;
+
+// A byte of each 16-bit lane as a 16-bit value: the odd byte by a shift, the
+// even byte by a mask (which takes the bias along in one logic operation).
+template <int Byte>
+HWY_INLINE hn::Vec<DU16> byteOfHalves(hn::Vec<DU16> x, std::uint16_t bias) {
+    const DU16 du;
+    if constexpr (Byte == 1) {
+        return bias == 0 ? hn::ShiftRight<8>(x) : hn::Or(hn::ShiftRight<8>(x), hn::Set(du, bias));
+    } else {
+        static_assert(Byte == 0, "byte of a 16-bit lane");
+        return hn::Or(hn::And(x, hn::Set(du, 0xFF)), hn::Set(du, bias));
+    }
+}
 
 template <class Order>
 struct VecPairs<Packed422<Order>> {
     static_assert(Order::kY1 == Order::kY0 + 2 && Order::kCr == Order::kCb + 2, "pair layout");
-    template <bool Blocked>
+    template <bool Blocked, std::uint16_t YBias>
     static HWY_INLINE void load(RowC<const std::uint8_t, 2> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
-        const DU32 du;
         V8 bytes = hn::LoadU(D8(), r.p + 2 * i + h * hn::Lanes(D8()));
         if constexpr (Blocked) bytes = byBlocks(bytes);
-        const auto x = hn::BitCast(du, bytes);
-        const auto low = hn::Set(du, 0x00FF00FFu);
-        yy = hn::BitCast(D32(), hn::And(hn::ShiftRight<8 * Order::kY0>(x), low));
-        cc = hn::BitCast(D32(), hn::And(hn::ShiftRight<8 * Order::kCb>(x), low));
+        const auto x = hn::BitCast(DU16(), bytes);
+        yy = hn::BitCast(D32(), byteOfHalves<Order::kY0>(x, YBias));
+        cc = hn::BitCast(D32(), byteOfHalves<Order::kCb>(x, 0));
     }
 };
 
 template <>
 struct VecPairs<Shared<2>> {
-    template <bool Blocked>
+    template <bool Blocked, std::uint16_t YBias>
     static HWY_INLINE void load(Row3<const std::uint8_t, 2> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
         const DU32 du;
         const hn::Rebind<std::uint8_t, DU32> quarter;
         const std::size_t at = i + h * hn::Lanes(D16());
-        yy = hn::BitCast(D32(), hn::PromoteTo(DU16(), hn::LoadU(hn::Rebind<std::uint8_t, DU16>(), r.p[0] + at)));
+        auto y = hn::PromoteTo(DU16(), hn::LoadU(hn::Rebind<std::uint8_t, DU16>(), r.p[0] + at));
+        if constexpr (YBias != 0) y = hn::Or(y, hn::Set(DU16(), YBias));
+        yy = hn::BitCast(D32(), y);
         const auto cb = hn::PromoteTo(du, hn::LoadU(quarter, r.p[1] + at / 2));
         const auto cr = hn::PromoteTo(du, hn::LoadU(quarter, r.p[2] + at / 2));
         cc = hn::BitCast(D32(), hn::Or(cb, hn::ShiftLeft<16>(cr)));
@@ -191,9 +205,9 @@ struct VecPairs<Shared<2>> {
 // Four pixels per chroma sample: each sample serves two pair lanes.
 template <>
 struct VecPairs<Shared<4>> {
-    template <bool Blocked>
+    template <bool Blocked, std::uint16_t YBias>
     static HWY_INLINE void load(Row3<const std::uint8_t, 4> r, std::size_t i, std::size_t h, V32& yy, V32& cc) {
-        static_assert(!Blocked, "pixels in order");
+        static_assert(!Blocked && YBias == 0, "pixels in order, plain luma");
         const hn::Rebind<std::uint8_t, DU64> eighth;
         const hn::Rebind<std::uint32_t, DU64> d32;
         const std::size_t at = i + h * hn::Lanes(D16());
@@ -205,52 +219,121 @@ struct VecPairs<Shared<4>> {
     }
 };
 
-// A 16.16 set on pixel pairs: the chroma terms are formed once per pair and
-// the 32-bit sums of both pixels are exactly those of the scalar code
-// (coefficients split as in DecoderSplit; the whole parts are 0, 1, 2 or
-// -1). The result of the even pixel is the low half of its sum shifted
-// logically by 16, the odd pixel's the high half of its sum: together the
-// pair's two 16-bit lanes in pixel order (one blend).
-template <std::int32_t A>
-HWY_INLINE V32 times(V32 x) {
-    if constexpr (A == 0) return hn::Zero(D32());
-    else if constexpr (A == 1) return x;
-    else if constexpr (A == 2) return hn::Add(x, x);
-    else {
-        static_assert(A == -1, "whole part of a split coefficient");
-        return hn::Neg(x);
-    }
+// ---------------------------------------------------------------------------
+// A 16.16 set on pixel pairs. With kY = 65536 + b (0 <= b < 32768),
+//   (kY y + t) >> 16 = y + ((b y + t) >> 16)
+// exactly, so each pixel's 32-bit sum is b y (one pairwise product of the
+// pair's Y lanes) plus the pair's chroma term t, and Y itself is added to
+// the high half afterwards, in 16-bit lanes.
+//
+// The chroma term of a channel, cu Cb + cv Cr + offset, is formed once per
+// pair from the lane x = Cb + 65536 Cr: cu = p + m + 65536 n and cv = q +
+// 65536 m with p and q 16-bit coefficients of one pairwise product, so
+//   t = (p Cb + q Cr) + m x + n (x << 16) + offset
+// with whole multiples m and n of at most 2 (adds and shifts).
+struct ChromaTerm {
+    std::int32_t p, q, m, n;
+};
+constexpr ChromaTerm chromaTerm(std::int32_t cu, std::int32_t cv) {
+    const Split v = split(cv), u = split(cu - v.a);
+    return {u.b, v.b, v.a, u.a};
 }
 
+// acc + M x, for |M| <= 2.
+template <std::int32_t M>
+HWY_INLINE V32 addTimes(V32 acc, V32 x) {
+    static_assert(M >= -2 && M <= 2, "whole part of a split coefficient");
+    if constexpr (M == 0) return acc;
+    else if constexpr (M == 1) return hn::Add(acc, x);
+    else if constexpr (M == -1) return hn::Sub(acc, x);
+    else if constexpr (M == 2) return hn::Add(acc, hn::Add(x, x));
+    else return hn::Sub(acc, hn::Add(x, x));
+}
+
+// acc + N (x << 16), for |N| <= 2.
+template <std::int32_t N>
+HWY_INLINE V32 addTimesShifted(V32 acc, V32 x) {
+    if constexpr (N == 2 || N == -2) return addTimes<N / 2>(acc, hn::ShiftLeft<17>(x));
+    else return addTimes<N>(acc, hn::ShiftLeft<16>(x));
+}
+
+template <std::int32_t Cu, std::int32_t Cv, std::int32_t Offset>
+HWY_INLINE V32 chromaSum(V16 cc16, V32 x) {
+    constexpr ChromaTerm t = chromaTerm(Cu, Cv);
+    static_assert(-32768 <= t.p && t.p < 32768 && -32768 <= t.q && t.q < 32768, "16-bit coefficients");
+    const V32 whole = addTimesShifted<t.n>(addTimes<t.m>(hn::Set(D32(), Offset), x), x);
+    return hn::Add(dot(cc16, pair(t.p, t.q)), whole);
+}
+
+// The high halves of the even and the odd pixels' sums as the pair's two
+// 16-bit lanes. With AVX-512 a byte shuffle merged under a mask does it in
+// one instruction.
+HWY_INLINE V16 highHalves(V32 even, V32 odd) {
+#if HWY_TARGET == HWY_AVX3 || HWY_TARGET == HWY_AVX3_DL
+    const D8 d8;
+    alignas(16) static constexpr std::uint8_t kUp[16] = {2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15};
+    const auto low = hn::MaskFromVec(hn::BitCast(d8, hn::Set(DU32(), 0x0000FFFFu)));
+    const V8 up = hn::TableLookupBytes(hn::BitCast(d8, even), hn::LoadDup128(d8, kUp));
+    return hn::BitCast(D16(), hn::IfThenElse(low, up, hn::BitCast(d8, odd)));
+#else
+    return hn::OddEven(hn::BitCast(D16(), odd), hn::BitCast(D16(), hn::ShiftRight<16>(hn::BitCast(DU32(), even))));
+#endif
+}
+
+// Clamped: each channel clamped to 0..255 in a 16-bit lane; the sums then
+// carry a bias of 32256 in their high halves and Y one of 256, so that the
+// saturating addition of the two gives the channel plus 32512 capped at
+// 32767, and the unsigned saturating subtraction of 32512 the lower bound.
+// Otherwise the exact channel, unclamped.
 template <const Decoder& K, class S>
 struct VecPairDecoded {
-    using Split = DecoderSplit<K>;
-    static_assert(Split::y.a == 1, "luma coefficient split");
+    static constexpr std::int32_t kYb = K.kY - 65536;
+    static_assert(0 <= kYb && kYb < 32768, "luma coefficient 65536 + a 16-bit part");
+    static constexpr std::uint16_t kYBias = 256;
+    static constexpr std::int32_t kHighBias = 32512 - kYBias;
 
-    static HWY_INLINE V16 channel(V32 even, V32 odd, V32 chroma) {
-        const V16 high = hn::BitCast(D16(), hn::Add(odd, chroma));
-        const V16 low = hn::BitCast(D16(), hn::ShiftRight<16>(hn::BitCast(DU32(), hn::Add(even, chroma))));
-        return hn::OddEven(high, low);
+    // The high half (b y + cu Cb + cv Cr + offset) >> 16 at its lowest or
+    // highest over all samples, and the proof that the biased high halves
+    // are 16-bit values (the sums themselves may wrap: only their high
+    // halves are used).
+    static constexpr std::int64_t extreme(std::int64_t cu, std::int64_t cv, std::int64_t off, bool top) {
+        const auto pick = [top](std::int64_t c) { return (c > 0) == top ? 255 * c : 0; };
+        const std::int64_t sum = off + (top ? 255 * kYb : 0) + pick(cu) + pick(cv);
+        return sum >= 0 ? sum / 65536 : -((-sum + 65535) / 65536);
     }
-    // Blocked: the pairs in the chunk order of byBlocks.
-    template <bool Blocked = false>
+    static constexpr bool biasedFits(std::int64_t cu, std::int64_t cv, std::int64_t off) {
+        return kHighBias + extreme(cu, cv, off, false) >= -32768 && kHighBias + extreme(cu, cv, off, true) <= 32767;
+    }
+    static_assert(biasedFits(0, K.kRV, K.offR) && biasedFits(-K.kGU, -K.kGV, K.offG) && biasedFits(K.kBU, 0, K.offB),
+                  "biased high halves in 16 bits");
+
+    template <bool Clamped>
+    static constexpr std::int32_t offset(std::int32_t off) {
+        if constexpr (!Clamped) return off;
+        else return static_cast<std::int32_t>(static_cast<std::uint32_t>(off - kYb * kYBias) +
+                                              (static_cast<std::uint32_t>(kHighBias) << 16));
+    }
+    template <bool Clamped>
+    static HWY_INLINE V16 channel(V32 even, V32 odd, V32 chroma, V16 y) {
+        const V16 high = highHalves(hn::Add(even, chroma), hn::Add(odd, chroma));
+        if constexpr (!Clamped) {
+            return hn::Add(high, y);
+        } else {
+            const DU16 du;
+            const auto capped = hn::BitCast(du, hn::SaturatedAdd(high, y));
+            return hn::BitCast(D16(), hn::SaturatedSub(capped, hn::Set(du, static_cast<std::uint16_t>(kHighBias + kYBias))));
+        }
+    }
+    template <bool Blocked = false, bool Clamped = false>
     static HWY_INLINE void at(RowOf<S, const std::uint8_t> row, std::size_t i, V16 r[2], V16 g[2], V16 b[2]) {
-        const D32 d;
-        const V32 high = hn::Set(d, static_cast<std::int32_t>(0xFFFF0000u));
         for (std::size_t h = 0; h < 2; ++h) {
             V32 yy, cc;
-            VecPairs<S>::template load<Blocked>(row, i, h, yy, cc);
-            const V16 yy16 = hn::BitCast(D16(), yy), cc16 = hn::BitCast(D16(), cc);
-            const V32 even = hn::Add(dot(yy16, pair(Split::y.b, 0)), hn::ShiftLeft<16>(yy));
-            const V32 odd = hn::Add(dot(yy16, pair(0, Split::y.b)), hn::And(yy, high));
-            const V32 cb = hn::ShiftLeft<16>(cc), cr = hn::And(cc, high);  // Cb << 16, Cr << 16
-            const V32 cR = hn::Add(dot(cc16, pair(0, Split::rv.b)), hn::Add(times<Split::rv.a>(cr), hn::Set(d, K.offR)));
-            const V32 cG = hn::Sub(hn::Add(dot(cc16, pair(-Split::gu.b, -Split::gv.b)), hn::Set(d, K.offG)),
-                                   hn::Add(times<Split::gu.a>(cb), times<Split::gv.a>(cr)));
-            const V32 cB = hn::Add(dot(cc16, pair(Split::bu.b, 0)), hn::Add(times<Split::bu.a>(cb), hn::Set(d, K.offB)));
-            r[h] = channel(even, odd, cR);
-            g[h] = channel(even, odd, cG);
-            b[h] = channel(even, odd, cB);
+            VecPairs<S>::template load<Blocked, Clamped ? kYBias : 0>(row, i, h, yy, cc);
+            const V16 y = hn::BitCast(D16(), yy), c = hn::BitCast(D16(), cc);
+            const V32 even = dot(y, pair(kYb, 0)), odd = dot(y, pair(0, kYb));
+            r[h] = channel<Clamped>(even, odd, chromaSum<0, K.kRV, offset<Clamped>(K.offR)>(c, cc), y);
+            g[h] = channel<Clamped>(even, odd, chromaSum<-K.kGU, -K.kGV, offset<Clamped>(K.offG)>(c, cc), y);
+            b[h] = channel<Clamped>(even, odd, chromaSum<K.kBU, 0, offset<Clamped>(K.offB)>(c, cc), y);
         }
     }
 };

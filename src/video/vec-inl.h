@@ -116,31 +116,6 @@ HWY_INLINE V32 dot(V16 pairs, V16 coef) {
 HWY_INLINE V16 narrow(V32 lo, V32 hi) { return hn::ReorderDemote2To(D16(), lo, hi); }
 
 // ---------------------------------------------------------------------------
-// Encoder
-
-// One half: Y, Cb, Cr of 16-bit R, G, B. 33030 G does not fit a 16-bit
-// coefficient, so luma takes G twice at 16515; the chroma offsets ride on
-// B paired with 512 (512 * 16448 = 128 * 65536 + 32768).
-HWY_INLINE void encodeHalf(V16 r, V16 g, V16 b, V16& y, V16& cb, V16& cr) {
-    const D16 d16;
-    const V16 k512 = hn::Set(d16, 512);
-    const V16 rgL = hn::InterleaveLower(d16, r, g), rgU = hn::InterleaveUpper(d16, r, g);
-    const V16 gbL = hn::InterleaveLower(d16, g, b), gbU = hn::InterleaveUpper(d16, g, b);
-    const V16 bkL = hn::InterleaveLower(d16, b, k512), bkU = hn::InterleaveUpper(d16, b, k512);
-    const V32 lumaBias = hn::Set(D32(), kLumaRounded);
-    const V16 yRG = pair(16843, 16515), yGB = pair(16515, 6423);
-    y = narrow(hn::ShiftRight<16>(dot(rgL, yRG) + dot(gbL, yGB) + lumaBias),
-               hn::ShiftRight<16>(dot(rgU, yRG) + dot(gbU, yGB) + lumaBias));
-    const V16 cbRG = pair(-9699, -19071), cbBK = pair(28770, 16448);
-    cb = narrow(hn::ShiftRight<16>(dot(rgL, cbRG) + dot(bkL, cbBK)),
-                hn::ShiftRight<16>(dot(rgU, cbRG) + dot(bkU, cbBK)));
-    const V16 crRG = pair(28770, -24117), crBK = pair(-4653, 16448);
-    cr = narrow(hn::ShiftRight<16>(dot(rgL, crRG) + dot(bkL, crBK)),
-                hn::ShiftRight<16>(dot(rgU, crRG) + dot(bkU, crBK)));
-}
-static_assert(16515 * 2 == 33030 && 512 * 16448 == kChromaRounded, "encoder coefficient split");
-
-// ---------------------------------------------------------------------------
 // Decoders
 
 // c = 65536 a + b with b in -32768..32767.
@@ -190,6 +165,150 @@ HWY_INLINE void decodeHalf(V16 y, V16 u, V16 v, V16& r, V16& g, V16& b) {
         hn::Set(d16, static_cast<std::int16_t>(S::offG.a));
     b = fracB + luma + hn::Mul(u, hn::Set(d16, static_cast<std::int16_t>(S::bu.a))) +
         hn::Set(d16, static_cast<std::int16_t>(S::offB.a));
+}
+
+// ---------------------------------------------------------------------------
+// Decoders on whole 16-bit vectors
+//
+// A set written around centred chroma (centred() in video/ycbcr.h) is, per
+// output c,
+//   T = kY y + ku (u - 128) + kv (v - 128) + h,   out = T >> 16,
+// with h the same for R, G and B. Every product of T is needed exactly, and
+// the coefficients do not fit 16 bits, so each output comes from two 16-bit
+// computations that are cheap on whole vectors:
+//   - the low word of T, exact: products and sums modulo 65536 (Mul of
+//     16-bit lanes keeps exactly the low halves);
+//   - an estimate A of T / 2048 from high-half products (MulHigh) of the
+//     samples shifted up by 8, off by a few units at most.
+// With t = (low word) >> 11, A - t = 32 out + m where m, the estimate's
+// error plus the 11 low bits of T over 2048, lies in 0..31 for a bias that
+// the bounds below fix at compile time; so out = (A - t) >> 5 exactly.
+// Luma enters as y * 257 (a byte next to itself): its low word is y times
+// kY / 257 modulo 65536 (257 is odd, so it has an inverse), and its high half
+// product scales by 257 / 65536.
+
+template <const Decoder& K>
+struct Exact16 {
+    static constexpr std::int32_t h = K.offR + 128 * K.kRV;
+    static_assert(K.offG - 128 * K.kGU - 128 * K.kGV == h && K.offB + 128 * K.kBU == h,
+                  "one offset for the three outputs around centred chroma");
+
+    // x such that 257 x = 1 modulo 65536.
+    static constexpr std::uint32_t kInv257 = [] {
+        std::uint32_t x = 1;
+        for (int i = 0; i < 5; ++i) x = (x * (2u - 257u * x)) & 0xFFFFu;
+        return x;
+    }();
+    static_assert(((257u * kInv257) & 0xFFFFu) == 1u, "inverse of 257");
+
+    // Low words of the coefficients (as 16-bit lanes).
+    static constexpr std::int16_t lo(std::int64_t c) {
+        return static_cast<std::int16_t>(static_cast<std::uint16_t>(static_cast<std::uint64_t>(c) & 0xFFFFu));
+    }
+    static constexpr std::int16_t kYLow = lo(static_cast<std::int64_t>(K.kY) * kInv257);
+    static constexpr std::int16_t kRVLow = lo(K.kRV), kGULow = lo(-K.kGU), kGVLow = lo(-K.kGV), kBULow = lo(K.kBU);
+    static constexpr std::int16_t kHLow = lo(h);
+
+    // Estimate coefficients: T / 2048 from (x' << 8) c / 65536, c = k / 8
+    // rounded; luma from (257 y) cY / 65536, cY = 32 kY / 257 rounded.
+    static constexpr std::int32_t roundDiv(std::int64_t a, std::int64_t b) {
+        return static_cast<std::int32_t>(a >= 0 ? (2 * a + b) / (2 * b) : -((-2 * a + b) / (2 * b)));
+    }
+    static constexpr std::int32_t cY = roundDiv(32LL * K.kY, 257), cRV = roundDiv(K.kRV, 8),
+                                  cGU = roundDiv(-K.kGU, 8), cGV = roundDiv(-K.kGV, 8), cBU = roundDiv(K.kBU, 8);
+    static_assert(0 < cY && cY < 65536, "luma estimate coefficient fits 16 bits");
+
+    // Floor division (MulHigh and arithmetic shifts round down).
+    static constexpr std::int64_t floorDiv(std::int64_t a, std::int64_t b) { return a >= 0 ? a / b : -((-a + b - 1) / b); }
+
+    // Range of 2048 * estimate - exact of one term over its samples.
+    struct Range {
+        std::int64_t min, max;
+    };
+    static constexpr Range lumaError() {
+        Range r{0, 0};
+        for (std::int64_t y = 0; y < 256; ++y) {
+            const std::int64_t e = 2048 * floorDiv(257 * y * cY, 65536) - K.kY * y;
+            r.min = e < r.min ? e : r.min;
+            r.max = e > r.max ? e : r.max;
+        }
+        return r;
+    }
+    static constexpr Range chromaError(std::int64_t k, std::int64_t c) {
+        Range r{0, 0};
+        for (std::int64_t x = -128; x < 128; ++x) {
+            const std::int64_t e = 2048 * floorDiv(256 * x * c, 65536) - k * x;
+            r.min = e < r.min ? e : r.min;
+            r.max = e > r.max ? e : r.max;
+        }
+        return r;
+    }
+    static constexpr Range add(Range a, Range b) { return {a.min + b.min, a.max + b.max}; }
+
+    static constexpr std::int64_t hA = floorDiv(h, 2048);  // 2048 hA - h in -2047..0
+    static constexpr Range kR = add(add(lumaError(), chromaError(K.kRV, cRV)), Range{2048 * hA - h, 0});
+    static constexpr Range kG =
+        add(add(add(lumaError(), chromaError(-K.kGU, cGU)), chromaError(-K.kGV, cGV)), Range{2048 * hA - h, 0});
+    static constexpr Range kB = add(add(lumaError(), chromaError(K.kBU, cBU)), Range{2048 * hA - h, 0});
+    static constexpr std::int64_t kMin = kR.min < kG.min ? (kR.min < kB.min ? kR.min : kB.min) : (kG.min < kB.min ? kG.min : kB.min);
+    static constexpr std::int64_t kMax = kR.max > kG.max ? (kR.max > kB.max ? kR.max : kB.max) : (kG.max > kB.max ? kG.max : kB.max);
+    static constexpr std::int64_t beta = (-kMin + 2047) / 2048;
+    static_assert(kMin + 2048 * beta >= 0 && 2047 + kMax + 2048 * beta <= 32 * 2048 - 1, "estimate within the window");
+    static constexpr std::int16_t kA = static_cast<std::int16_t>(hA + beta);
+};
+
+// A vector of c whose value the compiler does not look into, made once
+// before a loop: a product with it stays one multiply (compilers turn some
+// constant factors into longer chains of shifts and adds).
+HWY_INLINE V16 opaque16(std::int32_t c) {
+    volatile std::int16_t x = static_cast<std::int16_t>(c);
+    return hn::Set(D16(), x);
+}
+
+// The decoder of set K on 16-bit vectors, its constants made once per row:
+// 32 out + m (m in 0..31) of each output, from luma as y * 257 and centred
+// chroma shifted up by 8 ((x - 128) << 8).
+template <const Decoder& K>
+struct ExactDecoder {
+    using E = Exact16<K>;
+    V16 yLow, rvLow, guLow, gvLow, buLow, cY, cRV, cGU, cGV, cBU;
+
+    HWY_INLINE ExactDecoder()
+        : yLow(opaque16(E::kYLow)),
+          rvLow(opaque16(E::kRVLow)),
+          guLow(opaque16(E::kGULow)),
+          gvLow(opaque16(E::kGVLow)),
+          buLow(opaque16(E::kBULow)),
+          cY(opaque16(E::cY)),
+          cRV(opaque16(E::cRV)),
+          cGU(opaque16(E::cGU)),
+          cGV(opaque16(E::cGV)),
+          cBU(opaque16(E::cBU)) {}
+
+    HWY_INLINE void operator()(V16 y257, V16 uh, V16 vh, V16& r, V16& g, V16& b) const {
+        const D16 d16;
+        const hn::RebindToUnsigned<D16> du16;
+        const V16 u = hn::ShiftRight<8>(uh), v = hn::ShiftRight<8>(vh);
+        const V16 lowY = hn::Mul(y257, yLow) + hn::Set(d16, E::kHLow);
+        const V16 estY = hn::BitCast(d16, hn::MulHigh(hn::BitCast(du16, y257), hn::BitCast(du16, cY))) + hn::Set(d16, E::kA);
+        const auto fin = [&](V16 est, V16 low) {
+            return est - hn::BitCast(d16, hn::ShiftRight<11>(hn::BitCast(du16, low)));
+        };
+        r = fin(estY + hn::MulHigh(vh, cRV), lowY + hn::Mul(v, rvLow));
+        b = fin(estY + hn::MulHigh(uh, cBU), lowY + hn::Mul(u, buLow));
+        g = fin(estY + hn::MulHigh(uh, cGU) + hn::MulHigh(vh, cGV), lowY + hn::Mul(u, guLow) + hn::Mul(v, gvLow));
+    }
+};
+
+// Clamped output bytes from 32 out + m: in the low byte, and in the high
+// byte of each 16-bit lane.
+HWY_INLINE V16 clampLow(V16 x) {
+    const D16 d16;
+    return hn::ShiftRight<5>(hn::Min(hn::Max(x, hn::Zero(d16)), hn::Set(d16, 8191)));
+}
+HWY_INLINE V16 clampHigh(V16 x) {
+    const D16 d16;
+    return hn::ShiftLeft<3>(hn::Min(hn::Max(x, hn::Zero(d16)), hn::Set(d16, 8191)));
 }
 
 #endif  // HWY_TARGET != HWY_SCALAR

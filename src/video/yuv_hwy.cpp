@@ -9,6 +9,8 @@
 #include "video/vec-inl.h"
 #include "video/yuv_kernels.h"
 
+#include <array>
+
 HWY_BEFORE_NAMESPACE();
 namespace zor {
 namespace HWY_NAMESPACE {
@@ -170,29 +172,165 @@ void yuvEncode422(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
     ::zor::yuvEncode422<S, D>(S::advance(s, i), D::advance(d, i), width - static_cast<int>(i));
 }
 
+// 4:2:0 from three-byte pixels, one pixel per 32-bit lane. The whole row
+// segment is read as groups of four pixels (12 bytes), one group per 128-bit
+// block (a 32-bit lane permutation), and byte shuffles spread each group into
+// the lanes (R, G) and (G, B) of its pixels: two pairwise products give the
+// luma sum S, whose third byte is Y. A 2x2 block takes the sums of the rows'
+// (R, B) lanes and S over its two neighbouring lanes (even and odd lanes of
+// two vectors), then d = sum - ((sumS - 65536) >> 16) for B and R in 16-bit
+// lanes, U and V from them in one pass with a multiplier per lane.
+
+// Byte shuffles and lane permutations of the 4:2:0 encoder, per layout.
+template <class L>
+struct Rgb3Lanes {
+    static constexpr int kR = L::kC[0], kG = L::kC[1], kB = L::kC[2];
+    // Bytes a, b of pixel p (0..3) of a group as the 16-bit halves of lane p.
+    static constexpr std::array<std::uint8_t, 16> spread(int a, int b) {
+        std::array<std::uint8_t, 16> t{};
+        for (int p = 0; p < 4; ++p) {
+            t[4 * p] = static_cast<std::uint8_t>(3 * p + a);
+            t[4 * p + 1] = 0x80;
+            t[4 * p + 2] = static_cast<std::uint8_t>(3 * p + b);
+            t[4 * p + 3] = 0x80;
+        }
+        return t;
+    }
+    alignas(16) static constexpr std::array<std::uint8_t, 16> kRG = spread(kR, kG), kGB = spread(kG, kB);
+};
+
+constexpr std::size_t kLanes32 = hn::MaxLanes(D32());
+constexpr std::size_t kBlocks = kLanes32 / 4;
+
+// Lane permutations: a table of kLanes32 indices from a rule.
+template <class F>
+constexpr std::array<std::uint32_t, kLanes32> laneTable(F rule) {
+    std::array<std::uint32_t, kLanes32> t{};
+    for (std::size_t j = 0; j < kLanes32; ++j) t[j] = static_cast<std::uint32_t>(rule(j));
+    return t;
+}
+// Block b takes the 32-bit lanes 3b .. 3b + 3 (a group of four pixels).
+alignas(64) constexpr auto kGroups = laneTable([](std::size_t j) { return 3 * (j / 4) + j % 4; });
+// Lane 4b + v of a gather (byte v of lane v of each block) back to pixel order.
+alignas(64) constexpr auto kGathered = laneTable([](std::size_t j) { return 4 * (j % kBlocks) + j / kBlocks; });
+// Lanes (V, U) of blocks a and b of a chroma gather: V of a, V of b, U of a, U of b.
+alignas(64) constexpr auto kPlanes = laneTable([](std::size_t j) {
+    const std::size_t part = j / kBlocks, b = j % kBlocks;
+    return 4 * b + (part == 0 ? 0 : part == 1 ? 2 : part == 2 ? 1 : 3);
+});
+
+template <const std::array<std::uint32_t, kLanes32>& Table>
+HWY_INLINE V8 permute32(V8 v) {
+    constexpr bool kIdentity = [] {
+        for (std::size_t j = 0; j < kLanes32; ++j)
+            if (Table[j] != j) return false;
+        return true;
+    }();
+    if constexpr (kIdentity) {
+        return v;
+    } else {
+        const hn::Repartition<std::uint32_t, D8> du;
+        return hn::BitCast(D8(), hn::TableLookupLanes(hn::BitCast(du, v), hn::SetTableIndices(du, Table.data())));
+    }
+}
+
+// Byte `Byte` of the four lanes of block b of x into lane v of block b of
+// acc (x's other lanes are dropped); with AVX-512 one byte shuffle merged
+// under a mask.
+template <int Byte>
+HWY_INLINE V8 gatherInto(V8 acc, V8 x, int v) {
+    const D8 d8;
+    alignas(16) static constexpr auto kTo = [] {
+        std::array<std::array<std::uint8_t, 16>, 4> t{};
+        for (int lane = 0; lane < 4; ++lane)
+            for (int k = 0; k < 16; ++k) t[lane][k] = k / 4 == lane ? static_cast<std::uint8_t>(4 * (k % 4) + Byte) : 0x80;
+        return t;
+    }();
+    const V8 moved = hn::TableLookupBytes(x, hn::LoadDup128(d8, kTo[v].data()));
+    if (v == 0) return moved;
+#if HWY_TARGET == HWY_AVX3 || HWY_TARGET == HWY_AVX3_DL
+    return hn::IfThenElse(hn::Ne(hn::LoadDup128(d8, kTo[v].data()), hn::Set(d8, 0x80)), moved, acc);
+#else
+    return hn::Or(acc, moved);
+#endif
+}
+
 template <class S>
 void yuvEncode420(RowOf<S, const Zor8u> s0, RowOf<S, const Zor8u> s1, Row3<Zor8u, 2> d0, Row3<Zor8u, 2> d1,
                   int width) {
     const D8 d8;
-    const std::size_t n = hn::Lanes(d8);
+    const D16 d16;
+    const D32 d32;
+    const std::size_t n = hn::Lanes(d8), q = hn::Lanes(d32);
     std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        V8 r0, g0, b0, r1, g1, b1;
-        VecPix<S>::load(d8, s0, i, r0, g0, b0);
-        VecPix<S>::load(d8, s1, i, r1, g1, b1);
-        V16 y0[2], y1[2];
-        V32 dB[2], dR[2];
-        for (int h = 0; h < 2; ++h) {
-            const auto half = [h](V8 x) { return h ? upperTo16(x) : lowerTo16(x); };
-            const V16 r0h = half(r0), g0h = half(g0), b0h = half(b0), r1h = half(r1), g1h = half(g1), b1h = half(b1);
-            y0[h] = luma(r0h, g0h, b0h);
-            y1[h] = luma(r1h, g1h, b1h);
-            groupDiffs<2>(r0h + r1h, g0h + g1h, b0h + b1h, dB[h], dR[h]);
+    if constexpr (std::is_same_v<S, PixP3>) {
+        for (; i + n <= static_cast<std::size_t>(width); i += n) {
+            V8 r0, g0, b0, r1, g1, b1;
+            VecPix<S>::load(d8, s0, i, r0, g0, b0);
+            VecPix<S>::load(d8, s1, i, r1, g1, b1);
+            V16 y0[2], y1[2];
+            V32 dB[2], dR[2];
+            for (int h = 0; h < 2; ++h) {
+                const auto half = [h](V8 x) { return h ? upperTo16(x) : lowerTo16(x); };
+                const V16 r0h = half(r0), g0h = half(g0), b0h = half(b0), r1h = half(r1), g1h = half(g1),
+                          b1h = half(b1);
+                y0[h] = luma(r0h, g0h, b0h);
+                y1[h] = luma(r1h, g1h, b1h);
+                groupDiffs<2>(r0h + r1h, g0h + g1h, b0h + b1h, dB[h], dR[h]);
+            }
+            V16 u, v;
+            chroma<2>(pack16(dB[0], dB[1]), pack16(dR[0], dR[1]), u, v);
+            VecSub<Planes422>::store(d0, i, to8(y0[0], y0[1]), u, v);
+            hn::StoreU(to8(y1[0], y1[1]), d8, d1.p[0] + i);
         }
-        V16 u, v;
-        chroma<2>(pack16(dB[0], dB[1]), pack16(dR[0], dR[1]), u, v);
-        VecSub<Planes422>::store(d0, i, to8(y0[0], y0[1]), u, v);
-        hn::StoreU(to8(y1[0], y1[1]), d8, d1.p[0] + i);
+    } else {
+        static_assert(S::kStride == 3, "three-byte pixels");
+        using T = Rgb3Lanes<S>;
+        const V8 rg = hn::LoadDup128(d8, T::kRG.data()), gb = hn::LoadDup128(d8, T::kGB.data());
+        const V16 kLuma0 = pair(19595, 19235), kLuma1 = pair(19235, 7471);
+        const V32 kBias = hn::Set(d32, kDiffBias<2>);
+        const V16 kMul = pair(-8061, 32244), k128 = hn::Set(d16, 128), k255 = hn::Set(d16, 255);
+        alignas(16) static constexpr std::uint8_t kHigh16[16] = {2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15};
+        const V8 high16 = hn::LoadDup128(d8, kHigh16);
+        // Each load reads a whole vector from the pixel's first byte: a
+        // quarter of it lies beyond the four groups it serves.
+        const std::size_t reach = (n / 4 + 2) / 3;
+        for (; i + n + reach <= static_cast<std::size_t>(width); i += n) {
+            V8 y[2] = {hn::Zero(d8), hn::Zero(d8)};
+            V32 rbSum[4], sSum[4];
+            for (std::size_t v = 0; v < 4; ++v) {
+                V16 rb[2];
+                V32 sum[2];
+                for (int r = 0; r < 2; ++r) {
+                    const V8 pixels = permute32<kGroups>(hn::LoadU(d8, (r ? s1.p : s0.p) + 3 * (i + v * q)));
+                    const V16 a = hn::BitCast(d16, hn::TableLookupBytes(pixels, rg));
+                    const V16 b = hn::BitCast(d16, hn::TableLookupBytes(pixels, gb));
+                    sum[r] = dot(a, kLuma0) + dot(b, kLuma1);
+                    y[r] = gatherInto<2>(y[r], hn::BitCast(d8, sum[r]), static_cast<int>(v));
+                    rb[r] = hn::OddEven(b, a);  // (R, B)
+                }
+                rbSum[v] = hn::BitCast(d32, rb[0] + rb[1]);
+                sSum[v] = sum[0] + sum[1];
+            }
+            hn::StoreU(permute32<kGathered>(y[0]), d8, d0.p[0] + i);
+            hn::StoreU(permute32<kGathered>(y[1]), d8, d1.p[0] + i);
+            V8 planes = hn::Zero(d8);
+            for (int k = 0; k < 2; ++k) {
+                const V32 a = rbSum[2 * k], b = rbSum[2 * k + 1], c = sSum[2 * k], e = sSum[2 * k + 1];
+                const V16 rbBlock = hn::BitCast(d16, hn::ConcatEven(d32, b, a) + hn::ConcatOdd(d32, b, a));
+                const V32 sBlock = hn::ConcatEven(d32, e, c) + hn::ConcatOdd(d32, e, c);
+                const V16 t = hn::BitCast(d16, hn::TableLookupBytes(hn::BitCast(d8, sBlock + kBias), high16));
+                const V16 diff = rbBlock - t;  // (dR, dB)
+                const V16 m = hn::MulHigh(diff, kMul);
+                const V16 x = hn::OddEven(m, diff + m);
+                const V16 vu = hn::Min(hn::Max(hn::ShiftRight<2>(x) + k128, hn::Zero(d16)), k255);  // (V, U)
+                planes = gatherInto<0>(planes, hn::BitCast(d8, vu), 2 * k);
+                planes = gatherInto<2>(planes, hn::BitCast(d8, vu), 2 * k + 1);
+            }
+            planes = permute32<kPlanes>(planes);
+            hn::StoreU(hn::LowerHalf(DH8(), planes), DH8(), d0.p[2] + i / 2);
+            hn::StoreU(hn::UpperHalf(DH8(), planes), DH8(), d0.p[1] + i / 2);
+        }
     }
     ::zor::yuvEncode420<S>(S::advance(s0, i), S::advance(s1, i), Planes422::advance(d0, i),
                            Planes422::advance(d1, i), width - static_cast<int>(i));

@@ -165,16 +165,20 @@ void yuvEncode422(RowOf<S, const Zor8u> s, RowOf<D, Zor8u> d, int width) {
 template <class S>
 void yuvEncode420(RowOf<S, const Zor8u> s0, RowOf<S, const Zor8u> s1, Row3<Zor8u, 2> d0, Row3<Zor8u, 2> d1,
                   int width) {
+    // The four destination rows in locals, which the loop keeps in registers.
+    Zor8u *y0 = d0.p[0], *y1 = d1.p[0], *u = d0.p[1], *v = d0.p[2];
     for (std::ptrdiff_t i = 0; i + 1 < width; i += 2) {
         YuvGroup block;
         for (std::ptrdiff_t j = i; j < i + 2; ++j) {
             int r, g, b;
             S::get(s0, j, r, g, b);
-            Planes422::putY(d0, j, block.add(r, g, b));
+            y0[j] = block.add(r, g, b);
             S::get(s1, j, r, g, b);
-            Planes422::putY(d1, j, block.add(r, g, b));
+            y1[j] = block.add(r, g, b);
         }
-        Planes422::putUV(d0, i / 2, block.chroma<2>());
+        const YuvChroma c = block.chroma<2>();
+        u[i / 2] = c.u;
+        v[i / 2] = c.v;
     }
 }
 
