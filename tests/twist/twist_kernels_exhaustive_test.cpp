@@ -8,9 +8,11 @@ TEST(TwistKernelSetsExhaustive, EightBit) {
     const float halves[3][4] = {{0.5f, 1.5f, -0.5f, 0.5f}, {-1.0f, 0.5f, 0.0f, -0.5f}, {0.25f, -0.75f, 0.5f, 1.5f}};
     for (const auto* m : {general, halves}) {
         const auto extras = [m](std::mt19937&) { return std::make_tuple(zor::Matrix<3>(m)); };
-        for (auto member : {&zor::TwistKernels::c3u8, &zor::TwistKernels::ac4u8, &zor::TwistKernels::p3u8})
-            zt::expectVectorsMatchScalar(zor::twistTables, member, true, extras);
-        for (auto member : {&zor::TwistKernels::c3s8, &zor::TwistKernels::ac4s8, &zor::TwistKernels::p3s8})
-            zt::expectVectorsMatchScalar(zor::twistTables, member, true, extras);
+        zt::expectVectorsMatchScalar(zor::twistTables, &zor::TwistKernels::c3u8, true, extras);
+        zt::expectVectorsMatchScalar(zor::twistTables, &zor::TwistKernels::ac4u8, true, extras);
+        zt::expectVectorsMatchScalar(zor::twistTables, &zor::TwistKernels::p3u8, true, extras);
+        zt::expectVectorsMatchScalar(zor::twistTables, &zor::TwistKernels::c3s8, true, extras);
+        zt::expectVectorsMatchScalar(zor::twistTables, &zor::TwistKernels::ac4s8, true, extras);
+        zt::expectVectorsMatchScalar(zor::twistTables, &zor::TwistKernels::p3s8, true, extras);
     }
 }
