@@ -99,6 +99,92 @@ HWY_INLINE VF channel(const VF* t, VF x0, VF x1, VF x2) {
     return hn::Add(hn::Add(hn::Add(hn::Mul(t[0], x0), t[3]), hn::Mul(t[1], x1)), hn::Mul(t[2], x2));
 }
 
+// 8-bit interleaved pixels, one pixel per 32-bit lane. A result clamped to
+// [lo, hi] plus 2^23 (8s: 2^23 + 128) lies where floats are one apart, so the
+// sum is the nearest integer, ties to even (both offsets are even), as in the
+// scalar kernel; its low byte is the sample (8s: with the top bit flipped).
+using DU = hn::RebindToUnsigned<DF>;
+using VU = hn::Vec<DU>;
+using D8 = hn::Repartition<std::uint8_t, DF>;
+
+template <class T>
+HWY_INLINE VU lowByte(VF y) {
+    const DF df;
+    const VF lo = hn::Set(df, static_cast<float>(std::numeric_limits<T>::min()));
+    const VF hi = hn::Set(df, static_cast<float>(std::numeric_limits<T>::max()));
+    const float offset = std::is_signed_v<T> ? 8388736.0f : 8388608.0f;
+    return hn::BitCast(DU(), hn::Add(hn::Min(hn::Max(y, lo), hi), hn::Set(df, offset)));
+}
+
+// Byte c of every lane to byte 0 of the lane (T signed: to byte 3), the rest 0.
+template <class T, int C>
+HWY_INLINE hn::Vec<D8> samplePattern() {
+    alignas(16) static constexpr Zor8u kPattern[16] = {
+        std::is_signed_v<T> ? 0x80 : C,      0x80, 0x80, std::is_signed_v<T> ? C : 0x80,
+        std::is_signed_v<T> ? 0x80 : 4 + C,  0x80, 0x80, std::is_signed_v<T> ? 4 + C : 0x80,
+        std::is_signed_v<T> ? 0x80 : 8 + C,  0x80, 0x80, std::is_signed_v<T> ? 8 + C : 0x80,
+        std::is_signed_v<T> ? 0x80 : 12 + C, 0x80, 0x80, std::is_signed_v<T> ? 12 + C : 0x80};
+    return hn::LoadDup128(D8(), kPattern);
+}
+
+template <class T, int C>
+HWY_INLINE VF sampleOf(VU v) {
+    const VU b = hn::BitCast(DU(), hn::TableLookupBytesOr0(hn::BitCast(D8(), v), samplePattern<T, C>()));
+    if constexpr (std::is_signed_v<T>)
+        return hn::ConvertTo(DF(), hn::ShiftRight<24>(hn::BitCast(DI(), b)));
+    else
+        return hn::ConvertTo(DF(), hn::BitCast(DI(), b));
+}
+
+// Returns the pixels done. C3: each 128-bit block takes four pixels (twelve
+// bytes) of a whole vector loaded from the row, so the loop stops while a
+// vector's worth of the row remains; the lanes past the n pixels are stored
+// back as they were read (the next pixels' source bytes, which the next
+// vector or the scalar kernel then converts).
+template <int S, class T>
+std::size_t twist8(const Zor8u* s, Zor8u* d, std::size_t width, const VF (*t)[4]) {
+    const DU du;
+    const D8 d8;
+    const std::size_t n = hn::Lanes(du);
+    // Pixels (bytes 0..2 of the lanes of v) through the matrix; byte 3 of
+    // the result is garbage.
+    const auto twist = [&](VU v) {
+        const VF x0 = sampleOf<T, 0>(v), x1 = sampleOf<T, 1>(v), x2 = sampleOf<T, 2>(v);
+        const VU b0 = lowByte<T>(channel(t[0], x0, x1, x2)), b1 = lowByte<T>(channel(t[1], x0, x1, x2)),
+                 b2 = lowByte<T>(channel(t[2], x0, x1, x2));
+        const VU p = hn::Or(hn::Or(b0, hn::ShiftLeft<8>(b1)), hn::ShiftLeft<16>(b2));
+        return std::is_signed_v<T> ? hn::Xor(p, hn::Set(du, 0x808080u)) : p;
+    };
+    std::size_t i = 0;
+    if constexpr (S == 4) {
+        const VU alpha = hn::Set(du, 0xFF000000u);
+        for (; i + n <= width; i += n) {
+            const VU v = hn::BitCast(du, hn::LoadU(d8, s + 4 * i)), old = hn::BitCast(du, hn::LoadU(d8, d + 4 * i));
+            hn::StoreU(hn::BitCast(d8, hn::IfVecThenElse(alpha, old, twist(v))), d8, d + 4 * i);
+        }
+    } else {
+        HWY_ALIGN std::int32_t spread[hn::MaxLanes(du)], gather[hn::MaxLanes(du)];
+        for (std::size_t k = 0; k < n; ++k) {
+            spread[k] = static_cast<std::int32_t>(3 * (k / 4) + (k % 4 < 3 ? k % 4 : 2));
+            gather[k] = static_cast<std::int32_t>(k < 3 * n / 4 ? 4 * (k / 3) + k % 3 : k);
+        }
+        const auto toLanes = hn::SetTableIndices(du, spread), toRow = hn::SetTableIndices(du, gather);
+        // Pixel j of a block (its lanes after toLanes) starts at byte 3j;
+        // toBytes packs bytes 0..2 of the four lanes of a block.
+        alignas(16) static constexpr Zor8u kToPixels[16] = {0, 1, 2, 0x80, 3, 4, 5, 0x80, 6, 7, 8, 0x80, 9, 10, 11, 0x80};
+        alignas(16) static constexpr Zor8u kToBytes[16] = {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 0x80, 0x80, 0x80, 0x80};
+        const auto toPixels = hn::LoadDup128(d8, kToPixels), toBytes = hn::LoadDup128(d8, kToBytes);
+        const auto mine = hn::FirstN(du, 3 * n / 4);
+        for (; 3 * i + 4 * n <= 3 * width; i += n) {
+            const VU raw = hn::BitCast(du, hn::LoadU(d8, s + 3 * i));
+            const VU v = hn::BitCast(du, hn::TableLookupBytes(hn::BitCast(d8, hn::TableLookupLanes(raw, toLanes)), toPixels));
+            const VU p = hn::BitCast(du, hn::TableLookupBytes(hn::BitCast(d8, twist(v)), toBytes));
+            hn::StoreU(hn::BitCast(d8, hn::IfThenElse(mine, hn::TableLookupLanes(p, toRow), raw)), d8, d + 3 * i);
+        }
+    }
+    return i;
+}
+
 template <class L, class T>
 void innerColorTwist(RowOf<L, const T> s, RowOf<L, T> d, int width, Matrix<3> m) {
     const DF df;
@@ -108,6 +194,9 @@ void innerColorTwist(RowOf<L, const T> s, RowOf<L, T> d, int width, Matrix<3> m)
     for (int r = 0; r < 3; ++r)
         for (int c = 0; c < 4; ++c) t[r][c] = hn::Set(df, m.t[r][c]);
     std::size_t i = 0;
+    if constexpr (sizeof(T) == 1 && !std::is_same_v<L, Planar>)
+        i = twist8<L::kStride, T>(reinterpret_cast<const Zor8u*>(s.p), reinterpret_cast<Zor8u*>(d.p),
+                                  static_cast<std::size_t>(width), t);
     for (; i + n <= static_cast<std::size_t>(width); i += n) {
         hn::Vec<decltype(dt)> a, b, c;
         Lanes3<L>::load(dt, s, i, a, b, c);
