@@ -217,8 +217,17 @@ struct VecMapOf<Zor32f, Curve32f<Fwd>> {
     using type = VecCurve32f<Fwd>;
 };
 
+// With 128- and 256-bit vectors on x86 the sixteen shuffles and fifteen
+// selects of the byte table cost more than the scalar table: SSE4 and AVX2
+// keep the scalar kernel for 8u.
+inline constexpr bool kByteTableInVectors = !HWY_ARCH_X86 || HWY_TARGET == HWY_AVX3;
+
 template <class L, class T, class Map>
 void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
+    if constexpr (std::is_same_v<T, Zor8u> && !kByteTableInVectors) {
+        ::zor::innerGamma<L, T, Map>(s, d, width, map);
+        return;
+    }
     const hn::ScalableTag<T> dt;
     const std::size_t n = hn::Lanes(dt);
     const typename VecMapOf<T, Map>::type vmap(map);
@@ -234,12 +243,17 @@ void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
             else
                 return row.p + kS * i + k * n;
         };
-        hn::Vec<decltype(dt)> v[kS];
-        for (int k = 0; k < kS; ++k) v[k] = hn::LoadU(dt, at(s, k));
-        vmap.apply(v);
-        for (int k = 0; k < kS; ++k) {
-            if constexpr (kS == 4) v[k] = hn::IfThenElse(alpha, hn::LoadU(dt, at(d, k)), v[k]);
-            hn::StoreU(v[k], dt, at(d, k));
+        // 8u maps one vector at a time (its tables take most registers),
+        // 32f all kS at once.
+        constexpr int kJ = std::is_same_v<T, Zor8u> ? 1 : kS;
+        for (int k0 = 0; k0 < kS; k0 += kJ) {
+            hn::Vec<decltype(dt)> v[kJ];
+            for (int k = 0; k < kJ; ++k) v[k] = hn::LoadU(dt, at(s, k0 + k));
+            vmap.apply(v);
+            for (int k = 0; k < kJ; ++k) {
+                if constexpr (kS == 4) v[k] = hn::IfThenElse(alpha, hn::LoadU(dt, at(d, k0 + k)), v[k]);
+                hn::StoreU(v[k], dt, at(d, k0 + k));
+            }
         }
     }
     ::zor::innerGamma<L, T, Map>(L::advance(s, i), L::advance(d, i), width - static_cast<int>(i), map);
