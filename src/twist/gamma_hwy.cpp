@@ -249,6 +249,10 @@ void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
         for (int k0 = 0; k0 < kS; k0 += kJ) {
             hn::Vec<decltype(dt)> v[kJ];
             for (int k = 0; k < kJ; ++k) v[k] = hn::LoadU(dt, at(s, k0 + k));
+            // 32f AC4: the fourth samples, whatever they hold, are not sent
+            // to the scalar map (their results are dropped).
+            if constexpr (kS == 4 && std::is_same_v<T, Zor32f>)
+                for (auto& x : v) x = hn::IfThenElse(alpha, hn::Set(dt, map.vMin), x);
             vmap.apply(v);
             for (int k = 0; k < kJ; ++k) {
                 if constexpr (kS == 4) v[k] = hn::IfThenElse(alpha, hn::LoadU(dt, at(d, k0 + k)), v[k]);
