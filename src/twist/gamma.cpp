@@ -9,13 +9,9 @@ namespace zor {
 namespace {
 
 // The 16u table of every value through the forward or inverse curve.
-void owniGammaInitFwd16u(Zor16u* table) {
-    for (int v = 0; v < kGammaTableLen16u; ++v) table[v] = Curve16u<true>()(static_cast<Zor16u>(v));
-}
+void owniGammaInitFwd16u(Zor16u* table) { GammaK<&GammaKernels::tableFwd16u>::resolve()(table, 0, kGammaTableLen16u); }
 
-void owniGammaInitInv16u(Zor16u* table) {
-    for (int v = 0; v < kGammaTableLen16u; ++v) table[v] = Curve16u<false>()(static_cast<Zor16u>(v));
-}
+void owniGammaInitInv16u(Zor16u* table) { GammaK<&GammaKernels::tableInv16u>::resolve()(table, 0, kGammaTableLen16u); }
 
 // The 8u and 32f functions: their sample map, made once per call, and their
 // kernel set.

@@ -201,6 +201,60 @@ struct VecCurve32f {
     }
 };
 
+// The 16u table: the curve of Curve16u at K vectors of values at once, with
+// the same check as the 32f curve. Rounding (y + 0.5 to float, truncated, an
+// odd tie made even) is monotone in y, so equal results at both ends of the
+// interval of powers decide the value.
+template <bool Fwd>
+void gammaTable16u(Zor16u* table, int first, int count) {
+    constexpr int K = 4;
+    const DD dd;
+    const hn::Rebind<float, DD> dh;
+    const hn::Rebind<std::int32_t, DD> di;
+    const std::size_t n = hn::Lanes(dd);
+    const auto rounded = [&](VD y) {
+        const auto s = hn::DemoteTo(dh, hn::Add(y, hn::Set(dd, 0.5)));
+        const auto t = hn::ConvertTo(di, s);
+        const auto tie = hn::And(hn::RebindMask(di, hn::Eq(hn::ConvertTo(dh, t), s)),
+                                 hn::Eq(hn::And(t, hn::Set(di, 1)), hn::Set(di, 1)));
+        return hn::IfThenElse(tie, hn::Sub(t, hn::Set(di, 1)), t);
+    };
+    const auto fromPower = [&](VD p) {
+        return Fwd ? hn::Mul(hn::Sub(hn::Mul(p, hn::Set(dd, kGammaScale)), hn::Set(dd, kGammaOffset)), hn::Set(dd, 65535.0))
+                   : hn::Mul(p, hn::Set(dd, 65535.0));
+    };
+    const VD eps = hn::Set(dd, 1.0 / 68719476736.0);  // 2^-36
+    int v0 = first;
+    for (; v0 + static_cast<int>(K * n) <= first + count; v0 += K * static_cast<int>(n)) {
+        VD v[K], t[K];
+        hn::Mask<DD> power[K];
+        for (int j = 0; j < K; ++j) {
+            v[j] = hn::Iota(dd, static_cast<double>(v0 + j * static_cast<int>(n)));
+            const VD x = hn::Mul(v[j], hn::Set(dd, kInv65535));
+            power[j] = hn::Ge(x, hn::Set(dd, Fwd ? kGammaFwdThreshold : kGammaInvThreshold));
+            t[j] = hn::IfThenElse(power[j], Fwd ? x : hn::Mul(hn::Add(x, hn::Set(dd, kGammaOffset)), hn::Set(dd, kGammaInvScale)),
+                                  hn::Set(dd, 1.0));
+        }
+        log2Of<K>(t);
+        for (VD& e : t) e = hn::Mul(e, hn::Set(dd, Fwd ? kGammaExponent : kGammaInvExponent));
+        exp2Of<K>(t);
+        for (int j = 0; j < K; ++j) {
+            const VD linear = hn::Mul(v[j], hn::Set(dd, Fwd ? kGammaSlope : kGammaInvSlope));
+            const auto r = rounded(hn::IfThenElse(power[j], fromPower(t[j]), linear));
+            const auto below = rounded(fromPower(hn::Sub(t[j], hn::Mul(t[j], eps))));
+            const auto above = rounded(fromPower(hn::Add(t[j], hn::Mul(t[j], eps))));
+            HWY_ALIGN std::int32_t out[hn::MaxLanes(di)];
+            hn::Store(r, di, out);
+            const bool sure = hn::AllTrue(dd, hn::Or(hn::Not(power[j]), hn::Eq(hn::PromoteTo(dd, below), hn::PromoteTo(dd, above))));
+            for (std::size_t i = 0; i < n; ++i) {
+                const int at = v0 + j * static_cast<int>(n) + static_cast<int>(i);
+                table[at] = sure ? static_cast<Zor16u>(out[i]) : Curve16u<Fwd>()(static_cast<Zor16u>(at));
+            }
+        }
+    }
+    ::zor::gammaTable16u<Fwd>(table, v0, first + count - v0);
+}
+
 // ---------------------------------------------------------------------------
 // The row kernel: whole vectors of pixels, as one run of samples (C3), one
 // run whose every fourth sample keeps the destination's value (AC4), or three

@@ -104,11 +104,18 @@ void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
         for (int k = 0; k < 3; ++k) L::at(d, i, k) = map(L::at(s, i, k));
 }
 
+// The 16u curve at every value [first, first + count), into table[first..].
+template <bool Fwd>
+void gammaTable16u(Zor16u* table, int first, int count) {
+    for (int v = first; v < first + count; ++v) table[v] = Curve16u<Fwd>()(static_cast<Zor16u>(v));
+}
+
 // ---------------------------------------------------------------------------
 // The shapes with vector kernels: X(member, kernel template, (template
-// arguments)). The 16u maps keep their scalar kernels.
+// arguments)). The 16u maps keep their scalar kernels; the 16u table is
+// filled by a kernel of its own.
 
-#define ZOR_GAMMA_KERNELS(X)                                          \
+#define ZOR_GAMMA_ROW_KERNELS(X)                                      \
     X(fwdC3u8, innerGamma, (Interleaved<3>, Zor8u, Stored8u<true>))   \
     X(fwdAC4u8, innerGamma, (Interleaved<4>, Zor8u, Stored8u<true>))  \
     X(fwdP3u8, innerGamma, (Planar, Zor8u, Stored8u<true>))           \
@@ -121,6 +128,11 @@ void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
     X(invC3f32, innerGamma, (Interleaved<3>, Zor32f, Curve32f<false>)) \
     X(invAC4f32, innerGamma, (Interleaved<4>, Zor32f, Curve32f<false>)) \
     X(invP3f32, innerGamma, (Planar, Zor32f, Curve32f<false>))
+
+#define ZOR_GAMMA_KERNELS(X)              \
+    ZOR_GAMMA_ROW_KERNELS(X)              \
+    X(tableFwd16u, gammaTable16u, (true)) \
+    X(tableInv16u, gammaTable16u, (false))
 
 ZOR_KERNEL_TABLE(GammaKernels, ZOR_GAMMA_KERNELS, kGammaScalar, gammaTables, GammaK)
 

@@ -82,4 +82,16 @@ auto mapFor(std::mt19937& rng) {
     TEST(GammaKernelSets, name) {                                                                                      \
         zt::expectVectorsMatchScalar(testTables, &zor::GammaKernels::name, false, mapFor<decltype(zor::GammaKernels::name)>); \
     }
-ZOR_GAMMA_KERNELS(ZOR_SHAPE_TEST)
+ZOR_GAMMA_ROW_KERNELS(ZOR_SHAPE_TEST)
+
+// The 16u tables, whole and in parts that start and end off the vectors, at every target.
+TEST(GammaKernelSets, Tables16u) {
+    for (auto member : {&zor::GammaKernels::tableFwd16u, &zor::GammaKernels::tableInv16u})
+        for (zor::cpu::Target t : zt::vectorTargets())
+            for (const auto& [first, count] : {std::pair{0, 65536}, {3, 1000}, {65530, 6}}) {
+                std::vector<Zor16u> want(65536, 7), got(65536, 7);
+                (zor::kGammaScalar.*member)(want.data(), first, count);
+                (zor::gammaTables()[t] ? zor::gammaTables()[t]->*member : zor::kGammaScalar.*member)(got.data(), first, count);
+                EXPECT_EQ(got, want) << "target " << t << " from " << first;
+            }
+}
