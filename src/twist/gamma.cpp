@@ -9,19 +9,20 @@ namespace zor {
 namespace {
 
 // The 16u table of every value through the forward or inverse curve.
-void owniGammaInitFwd16u(Zor16u* table) {
-    for (int v = 0; v < kGammaTableLen16u; ++v) table[v] = Curve16u<true>()(static_cast<Zor16u>(v));
-}
+void owniGammaInitFwd16u(Zor16u* table) { GammaK<&GammaKernels::tableFwd16u>::resolve()(table, 0, kGammaTableLen16u); }
 
-void owniGammaInitInv16u(Zor16u* table) {
-    for (int v = 0; v < kGammaTableLen16u; ++v) table[v] = Curve16u<false>()(static_cast<Zor16u>(v));
-}
+void owniGammaInitInv16u(Zor16u* table) { GammaK<&GammaKernels::tableInv16u>::resolve()(table, 0, kGammaTableLen16u); }
 
-template <bool Fwd, class L>
-using Gamma8u = PreparedRows<Stored8u<Fwd>, ScalarKernel<&innerGamma<L, Zor8u, Stored8u<Fwd>>>>;
-
-template <bool Fwd, class L>
-using Gamma32f = PreparedRows<Curve32f<Fwd>, ScalarKernel<&innerGamma<L, Zor32f, Curve32f<Fwd>>>>;
+// The 8u and 32f functions: their sample map, made once per call, and their
+// kernel set.
+template <class Fn>
+struct MapOf;
+template <class S, class D, class M>
+struct MapOf<void (*)(S, D, int, M)> {
+    using type = M;
+};
+template <auto Member>
+using Gamma = PreparedRows<typename MapOf<std::decay_t<decltype(GammaKernels{}.*Member)>>::type, GammaK<Member>>;
 
 // Small images (at most 65,536 samples, three per pixel in every layout) are
 // computed per sample; larger ones through a table of all 65,536 values from
@@ -65,18 +66,18 @@ using Checks32f = Checks<GammaRange, check::Null<kOuter | kPlanes>, check::Size<
 
 using namespace zor;
 
-ZOR_EXPORT(zoriGammaFwd_8u_C3R, (ChecksWithSteps), (Gamma8u<true, Interleaved<3>>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriGammaFwd_8u_C3IR, (ChecksWithSteps), (Gamma8u<true, Interleaved<3>>), IO_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriGammaFwd_8u_AC4R, (ChecksWithSteps), (Gamma8u<true, Interleaved<4>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriGammaFwd_8u_AC4IR, (ChecksWithSteps), (Gamma8u<true, Interleaved<4>>), IO_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriGammaFwd_8u_P3R, (ChecksWithSteps), (Gamma8u<true, Planar>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
-ZOR_EXPORT(zoriGammaFwd_8u_IP3R, (ChecksWithSteps), (Gamma8u<true, Planar>), IO_P3(Zor8u), ROI)
-ZOR_EXPORT(zoriGammaInv_8u_C3R, (ChecksWithSteps), (Gamma8u<false, Interleaved<3>>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriGammaInv_8u_C3IR, (ChecksWithSteps), (Gamma8u<false, Interleaved<3>>), IO_C(Zor8u, 3), ROI)
-ZOR_EXPORT(zoriGammaInv_8u_AC4R, (ChecksWithSteps), (Gamma8u<false, Interleaved<4>>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriGammaInv_8u_AC4IR, (ChecksWithSteps), (Gamma8u<false, Interleaved<4>>), IO_C(Zor8u, 4), ROI)
-ZOR_EXPORT(zoriGammaInv_8u_P3R, (ChecksWithSteps), (Gamma8u<false, Planar>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
-ZOR_EXPORT(zoriGammaInv_8u_IP3R, (ChecksWithSteps), (Gamma8u<false, Planar>), IO_P3(Zor8u), ROI)
+ZOR_EXPORT(zoriGammaFwd_8u_C3R, (ChecksWithSteps), (Gamma<&GammaKernels::fwdC3u8>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriGammaFwd_8u_C3IR, (ChecksWithSteps), (Gamma<&GammaKernels::fwdC3u8>), IO_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriGammaFwd_8u_AC4R, (ChecksWithSteps), (Gamma<&GammaKernels::fwdAC4u8>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriGammaFwd_8u_AC4IR, (ChecksWithSteps), (Gamma<&GammaKernels::fwdAC4u8>), IO_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriGammaFwd_8u_P3R, (ChecksWithSteps), (Gamma<&GammaKernels::fwdP3u8>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
+ZOR_EXPORT(zoriGammaFwd_8u_IP3R, (ChecksWithSteps), (Gamma<&GammaKernels::fwdP3u8>), IO_P3(Zor8u), ROI)
+ZOR_EXPORT(zoriGammaInv_8u_C3R, (ChecksWithSteps), (Gamma<&GammaKernels::invC3u8>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriGammaInv_8u_C3IR, (ChecksWithSteps), (Gamma<&GammaKernels::invC3u8>), IO_C(Zor8u, 3), ROI)
+ZOR_EXPORT(zoriGammaInv_8u_AC4R, (ChecksWithSteps), (Gamma<&GammaKernels::invAC4u8>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriGammaInv_8u_AC4IR, (ChecksWithSteps), (Gamma<&GammaKernels::invAC4u8>), IO_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriGammaInv_8u_P3R, (ChecksWithSteps), (Gamma<&GammaKernels::invP3u8>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI)
+ZOR_EXPORT(zoriGammaInv_8u_IP3R, (ChecksWithSteps), (Gamma<&GammaKernels::invP3u8>), IO_P3(Zor8u), ROI)
 ZOR_EXPORT(zoriGammaFwd_16u_C3R, (ChecksWithSteps), (Gamma16u<true, Interleaved<3>>), IN_C(Zor16u, 3), OUT_C(Zor16u, 3), ROI)
 ZOR_EXPORT(zoriGammaFwd_16u_C3IR, (ChecksWithSteps), (Gamma16u<true, Interleaved<3>>), IO_C(Zor16u, 3), ROI)
 ZOR_EXPORT(zoriGammaFwd_16u_AC4R, (ChecksWithSteps), (Gamma16u<true, Interleaved<4>>), IN_C(Zor16u, 4), OUT_C(Zor16u, 4), ROI)
@@ -89,15 +90,15 @@ ZOR_EXPORT(zoriGammaInv_16u_AC4R, (ChecksWithSteps), (Gamma16u<false, Interleave
 ZOR_EXPORT(zoriGammaInv_16u_AC4IR, (ChecksWithSteps), (Gamma16u<false, Interleaved<4>>), IO_C(Zor16u, 4), ROI)
 ZOR_EXPORT(zoriGammaInv_16u_P3R, (ChecksWithSteps), (Gamma16u<false, Planar>), IN_P3(Zor16u), OUT_P3(Zor16u), ROI)
 ZOR_EXPORT(zoriGammaInv_16u_IP3R, (ChecksWithSteps), (Gamma16u<false, Planar>), IO_P3(Zor16u), ROI)
-ZOR_EXPORT(zoriGammaFwd_32f_C3R, (Checks32f), (Gamma32f<true, Interleaved<3>>), IN_C(Zor32f, 3), OUT_C(Zor32f, 3), ROI, RANGE)
-ZOR_EXPORT(zoriGammaFwd_32f_C3IR, (Checks32f), (Gamma32f<true, Interleaved<3>>), IO_C(Zor32f, 3), ROI, RANGE)
-ZOR_EXPORT(zoriGammaFwd_32f_AC4R, (Checks32f), (Gamma32f<true, Interleaved<4>>), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, RANGE)
-ZOR_EXPORT(zoriGammaFwd_32f_AC4IR, (Checks32f), (Gamma32f<true, Interleaved<4>>), IO_C(Zor32f, 4), ROI, RANGE)
-ZOR_EXPORT(zoriGammaFwd_32f_P3R, (Checks32f), (Gamma32f<true, Planar>), IN_P3(Zor32f), OUT_P3(Zor32f), ROI, RANGE)
-ZOR_EXPORT(zoriGammaFwd_32f_IP3R, (Checks32f), (Gamma32f<true, Planar>), IO_P3(Zor32f), ROI, RANGE)
-ZOR_EXPORT(zoriGammaInv_32f_C3R, (Checks32f), (Gamma32f<false, Interleaved<3>>), IN_C(Zor32f, 3), OUT_C(Zor32f, 3), ROI, RANGE)
-ZOR_EXPORT(zoriGammaInv_32f_C3IR, (Checks32f), (Gamma32f<false, Interleaved<3>>), IO_C(Zor32f, 3), ROI, RANGE)
-ZOR_EXPORT(zoriGammaInv_32f_AC4R, (Checks32f), (Gamma32f<false, Interleaved<4>>), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, RANGE)
-ZOR_EXPORT(zoriGammaInv_32f_AC4IR, (Checks32f), (Gamma32f<false, Interleaved<4>>), IO_C(Zor32f, 4), ROI, RANGE)
-ZOR_EXPORT(zoriGammaInv_32f_P3R, (Checks32f), (Gamma32f<false, Planar>), IN_P3(Zor32f), OUT_P3(Zor32f), ROI, RANGE)
-ZOR_EXPORT(zoriGammaInv_32f_IP3R, (Checks32f), (Gamma32f<false, Planar>), IO_P3(Zor32f), ROI, RANGE)
+ZOR_EXPORT(zoriGammaFwd_32f_C3R, (Checks32f), (Gamma<&GammaKernels::fwdC3f32>), IN_C(Zor32f, 3), OUT_C(Zor32f, 3), ROI, RANGE)
+ZOR_EXPORT(zoriGammaFwd_32f_C3IR, (Checks32f), (Gamma<&GammaKernels::fwdC3f32>), IO_C(Zor32f, 3), ROI, RANGE)
+ZOR_EXPORT(zoriGammaFwd_32f_AC4R, (Checks32f), (Gamma<&GammaKernels::fwdAC4f32>), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, RANGE)
+ZOR_EXPORT(zoriGammaFwd_32f_AC4IR, (Checks32f), (Gamma<&GammaKernels::fwdAC4f32>), IO_C(Zor32f, 4), ROI, RANGE)
+ZOR_EXPORT(zoriGammaFwd_32f_P3R, (Checks32f), (Gamma<&GammaKernels::fwdP3f32>), IN_P3(Zor32f), OUT_P3(Zor32f), ROI, RANGE)
+ZOR_EXPORT(zoriGammaFwd_32f_IP3R, (Checks32f), (Gamma<&GammaKernels::fwdP3f32>), IO_P3(Zor32f), ROI, RANGE)
+ZOR_EXPORT(zoriGammaInv_32f_C3R, (Checks32f), (Gamma<&GammaKernels::invC3f32>), IN_C(Zor32f, 3), OUT_C(Zor32f, 3), ROI, RANGE)
+ZOR_EXPORT(zoriGammaInv_32f_C3IR, (Checks32f), (Gamma<&GammaKernels::invC3f32>), IO_C(Zor32f, 3), ROI, RANGE)
+ZOR_EXPORT(zoriGammaInv_32f_AC4R, (Checks32f), (Gamma<&GammaKernels::invAC4f32>), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, RANGE)
+ZOR_EXPORT(zoriGammaInv_32f_AC4IR, (Checks32f), (Gamma<&GammaKernels::invAC4f32>), IO_C(Zor32f, 4), ROI, RANGE)
+ZOR_EXPORT(zoriGammaInv_32f_P3R, (Checks32f), (Gamma<&GammaKernels::invP3f32>), IN_P3(Zor32f), OUT_P3(Zor32f), ROI, RANGE)
+ZOR_EXPORT(zoriGammaInv_32f_IP3R, (Checks32f), (Gamma<&GammaKernels::invP3f32>), IO_P3(Zor32f), ROI, RANGE)

@@ -5,6 +5,7 @@
 // table built per call, or the 32f curve on a caller-given range.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "twist/gamma_tables.h"
 #include "twist/pixels3.h"
 
@@ -77,6 +78,7 @@ struct Curve32f {
     double r;
     double invR;
 
+    Curve32f() = default;
     Curve32f(Zor32f lo, Zor32f hi) : vMin(lo), r(static_cast<double>(hi - lo)), invR(1.0 / r) {}
 
     Zor32f operator()(Zor32f v) const {
@@ -101,5 +103,37 @@ void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {
     for (std::ptrdiff_t i = 0; i < width; ++i)
         for (int k = 0; k < 3; ++k) L::at(d, i, k) = map(L::at(s, i, k));
 }
+
+// The 16u curve at every value [first, first + count), into table[first..].
+template <bool Fwd>
+void gammaTable16u(Zor16u* table, int first, int count) {
+    for (int v = first; v < first + count; ++v) table[v] = Curve16u<Fwd>()(static_cast<Zor16u>(v));
+}
+
+// ---------------------------------------------------------------------------
+// The shapes with vector kernels: X(member, kernel template, (template
+// arguments)). The 16u maps keep their scalar kernels; the 16u table is
+// filled by a kernel of its own.
+
+#define ZOR_GAMMA_ROW_KERNELS(X)                                      \
+    X(fwdC3u8, innerGamma, (Interleaved<3>, Zor8u, Stored8u<true>))   \
+    X(fwdAC4u8, innerGamma, (Interleaved<4>, Zor8u, Stored8u<true>))  \
+    X(fwdP3u8, innerGamma, (Planar, Zor8u, Stored8u<true>))           \
+    X(invC3u8, innerGamma, (Interleaved<3>, Zor8u, Stored8u<false>))  \
+    X(invAC4u8, innerGamma, (Interleaved<4>, Zor8u, Stored8u<false>)) \
+    X(invP3u8, innerGamma, (Planar, Zor8u, Stored8u<false>))          \
+    X(fwdC3f32, innerGamma, (Interleaved<3>, Zor32f, Curve32f<true>))  \
+    X(fwdAC4f32, innerGamma, (Interleaved<4>, Zor32f, Curve32f<true>)) \
+    X(fwdP3f32, innerGamma, (Planar, Zor32f, Curve32f<true>))          \
+    X(invC3f32, innerGamma, (Interleaved<3>, Zor32f, Curve32f<false>)) \
+    X(invAC4f32, innerGamma, (Interleaved<4>, Zor32f, Curve32f<false>)) \
+    X(invP3f32, innerGamma, (Planar, Zor32f, Curve32f<false>))
+
+#define ZOR_GAMMA_KERNELS(X)              \
+    ZOR_GAMMA_ROW_KERNELS(X)              \
+    X(tableFwd16u, gammaTable16u, (true)) \
+    X(tableInv16u, gammaTable16u, (false))
+
+ZOR_KERNEL_TABLE(GammaKernels, ZOR_GAMMA_KERNELS, kGammaScalar, gammaTables, GammaK)
 
 }  // namespace zor

@@ -6,14 +6,14 @@
 namespace zor {
 namespace {
 
-template <class L, class T>
-using Twist = PreparedRows<Matrix<3>, ScalarKernel<&innerColorTwist<L, T>>>;
+template <auto Member>
+using Twist = PreparedRows<Matrix<3>, TwistK<Member>>;
 
 // Four float channels. When both steps equal four times the width in bytes
 // (one float per pixel, not four) the image is taken as width x height
 // consecutive pixels from the first pixel: rows of sixteen bytes per pixel.
 struct TwistC4 {
-    using R = PreparedRows<Matrix<4>, ScalarKernel<&innerColorTwist_32f_C4R>>;
+    using R = PreparedRows<Matrix<4>, TwistK<&TwistKernels::c4f32>>;
     template <class Images, class Extras>
     static ZorStatus run(ZoriSize roi, Images images, const Extras& extras) {
         auto& [src, dst] = images;
@@ -33,34 +33,34 @@ struct TwistC4 {
 
 using namespace zor;
 
-ZOR_EXPORT(zoriColorTwist32f_8u_C3R, (ChecksWithSteps), (Twist<Interleaved<3>, Zor8u>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8u_C3IR, (ChecksWithSteps), (Twist<Interleaved<3>, Zor8u>), IO_C(Zor8u, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8u_AC4R, (ChecksWithSteps), (Twist<Interleaved<4>, Zor8u>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8u_AC4IR, (ChecksWithSteps), (Twist<Interleaved<4>, Zor8u>), IO_C(Zor8u, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8u_P3R, (ChecksWithSteps), (Twist<Planar, Zor8u>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8u_IP3R, (ChecksWithSteps), (Twist<Planar, Zor8u>), IO_P3(Zor8u), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8s_C3R, (ChecksWithSteps), (Twist<Interleaved<3>, Zor8s>), IN_C(Zor8s, 3), OUT_C(Zor8s, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8s_C3IR, (ChecksWithSteps), (Twist<Interleaved<3>, Zor8s>), IO_C(Zor8s, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8s_AC4R, (ChecksWithSteps), (Twist<Interleaved<4>, Zor8s>), IN_C(Zor8s, 4), OUT_C(Zor8s, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8s_AC4IR, (ChecksWithSteps), (Twist<Interleaved<4>, Zor8s>), IO_C(Zor8s, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8s_P3R, (ChecksWithSteps), (Twist<Planar, Zor8s>), IN_P3(Zor8s), OUT_P3(Zor8s), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_8s_IP3R, (ChecksWithSteps), (Twist<Planar, Zor8s>), IO_P3(Zor8s), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16u_C3R, (ChecksWithSteps), (Twist<Interleaved<3>, Zor16u>), IN_C(Zor16u, 3), OUT_C(Zor16u, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16u_C3IR, (ChecksWithSteps), (Twist<Interleaved<3>, Zor16u>), IO_C(Zor16u, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16u_AC4R, (ChecksWithSteps), (Twist<Interleaved<4>, Zor16u>), IN_C(Zor16u, 4), OUT_C(Zor16u, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16u_AC4IR, (ChecksWithSteps), (Twist<Interleaved<4>, Zor16u>), IO_C(Zor16u, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16u_P3R, (ChecksWithSteps), (Twist<Planar, Zor16u>), IN_P3(Zor16u), OUT_P3(Zor16u), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16u_IP3R, (ChecksWithSteps), (Twist<Planar, Zor16u>), IO_P3(Zor16u), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16s_C3R, (ChecksWithSteps), (Twist<Interleaved<3>, Zor16s>), IN_C(Zor16s, 3), OUT_C(Zor16s, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16s_C3IR, (ChecksWithSteps), (Twist<Interleaved<3>, Zor16s>), IO_C(Zor16s, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16s_AC4R, (ChecksWithSteps), (Twist<Interleaved<4>, Zor16s>), IN_C(Zor16s, 4), OUT_C(Zor16s, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16s_AC4IR, (ChecksWithSteps), (Twist<Interleaved<4>, Zor16s>), IO_C(Zor16s, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16s_P3R, (ChecksWithSteps), (Twist<Planar, Zor16s>), IN_P3(Zor16s), OUT_P3(Zor16s), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist32f_16s_IP3R, (ChecksWithSteps), (Twist<Planar, Zor16s>), IO_P3(Zor16s), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist_32f_C3R, (ChecksWithSteps), (Twist<Interleaved<3>, Zor32f>), IN_C(Zor32f, 3), OUT_C(Zor32f, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist_32f_C3IR, (ChecksWithSteps), (Twist<Interleaved<3>, Zor32f>), IO_C(Zor32f, 3), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist_32f_AC4R, (ChecksWithSteps), (Twist<Interleaved<4>, Zor32f>), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist_32f_AC4IR, (ChecksWithSteps), (Twist<Interleaved<4>, Zor32f>), IO_C(Zor32f, 4), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist_32f_P3R, (ChecksWithSteps), (Twist<Planar, Zor32f>), IN_P3(Zor32f), OUT_P3(Zor32f), ROI, TWIST34)
-ZOR_EXPORT(zoriColorTwist_32f_IP3R, (ChecksWithSteps), (Twist<Planar, Zor32f>), IO_P3(Zor32f), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8u_C3R, (ChecksWithSteps), (Twist<&TwistKernels::c3u8>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8u_C3IR, (ChecksWithSteps), (Twist<&TwistKernels::c3u8>), IO_C(Zor8u, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8u_AC4R, (ChecksWithSteps), (Twist<&TwistKernels::ac4u8>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8u_AC4IR, (ChecksWithSteps), (Twist<&TwistKernels::ac4u8>), IO_C(Zor8u, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8u_P3R, (ChecksWithSteps), (Twist<&TwistKernels::p3u8>), IN_P3(Zor8u), OUT_P3(Zor8u), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8u_IP3R, (ChecksWithSteps), (Twist<&TwistKernels::p3u8>), IO_P3(Zor8u), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8s_C3R, (ChecksWithSteps), (Twist<&TwistKernels::c3s8>), IN_C(Zor8s, 3), OUT_C(Zor8s, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8s_C3IR, (ChecksWithSteps), (Twist<&TwistKernels::c3s8>), IO_C(Zor8s, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8s_AC4R, (ChecksWithSteps), (Twist<&TwistKernels::ac4s8>), IN_C(Zor8s, 4), OUT_C(Zor8s, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8s_AC4IR, (ChecksWithSteps), (Twist<&TwistKernels::ac4s8>), IO_C(Zor8s, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8s_P3R, (ChecksWithSteps), (Twist<&TwistKernels::p3s8>), IN_P3(Zor8s), OUT_P3(Zor8s), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_8s_IP3R, (ChecksWithSteps), (Twist<&TwistKernels::p3s8>), IO_P3(Zor8s), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16u_C3R, (ChecksWithSteps), (Twist<&TwistKernels::c3u16>), IN_C(Zor16u, 3), OUT_C(Zor16u, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16u_C3IR, (ChecksWithSteps), (Twist<&TwistKernels::c3u16>), IO_C(Zor16u, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16u_AC4R, (ChecksWithSteps), (Twist<&TwistKernels::ac4u16>), IN_C(Zor16u, 4), OUT_C(Zor16u, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16u_AC4IR, (ChecksWithSteps), (Twist<&TwistKernels::ac4u16>), IO_C(Zor16u, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16u_P3R, (ChecksWithSteps), (Twist<&TwistKernels::p3u16>), IN_P3(Zor16u), OUT_P3(Zor16u), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16u_IP3R, (ChecksWithSteps), (Twist<&TwistKernels::p3u16>), IO_P3(Zor16u), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16s_C3R, (ChecksWithSteps), (Twist<&TwistKernels::c3s16>), IN_C(Zor16s, 3), OUT_C(Zor16s, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16s_C3IR, (ChecksWithSteps), (Twist<&TwistKernels::c3s16>), IO_C(Zor16s, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16s_AC4R, (ChecksWithSteps), (Twist<&TwistKernels::ac4s16>), IN_C(Zor16s, 4), OUT_C(Zor16s, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16s_AC4IR, (ChecksWithSteps), (Twist<&TwistKernels::ac4s16>), IO_C(Zor16s, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16s_P3R, (ChecksWithSteps), (Twist<&TwistKernels::p3s16>), IN_P3(Zor16s), OUT_P3(Zor16s), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist32f_16s_IP3R, (ChecksWithSteps), (Twist<&TwistKernels::p3s16>), IO_P3(Zor16s), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist_32f_C3R, (ChecksWithSteps), (Twist<&TwistKernels::c3f32>), IN_C(Zor32f, 3), OUT_C(Zor32f, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist_32f_C3IR, (ChecksWithSteps), (Twist<&TwistKernels::c3f32>), IO_C(Zor32f, 3), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist_32f_AC4R, (ChecksWithSteps), (Twist<&TwistKernels::ac4f32>), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist_32f_AC4IR, (ChecksWithSteps), (Twist<&TwistKernels::ac4f32>), IO_C(Zor32f, 4), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist_32f_P3R, (ChecksWithSteps), (Twist<&TwistKernels::p3f32>), IN_P3(Zor32f), OUT_P3(Zor32f), ROI, TWIST34)
+ZOR_EXPORT(zoriColorTwist_32f_IP3R, (ChecksWithSteps), (Twist<&TwistKernels::p3f32>), IO_P3(Zor32f), ROI, TWIST34)
 ZOR_EXPORT(zoriColorTwist_32f_C4R, (ChecksWithSteps), (TwistC4), IN_C(Zor32f, 4), OUT_C(Zor32f, 4), ROI, TWIST44)

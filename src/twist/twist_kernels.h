@@ -4,6 +4,7 @@
 // integer results are rounded to nearest with ties to even and saturated.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "twist/pixels3.h"
 
 #include <cstddef>
@@ -18,6 +19,7 @@ namespace zor {
 template <int R>
 struct Matrix {
     float t[R][4];
+    Matrix() = default;
     explicit Matrix(const Zor32f (*m)[4]) {
         for (int r = 0; r < R; ++r)
             for (int c = 0; c < 4; ++c) t[r][c] = m[r][c];
@@ -66,15 +68,40 @@ void innerColorTwist(RowOf<L, const T> s, RowOf<L, T> d, int width, Matrix<3> m)
     }
 }
 
-// Four float channels through a 4x4 matrix without constants.
-inline void innerColorTwist_32f_C4R(RowC<const Zor32f, 4> s, RowC<Zor32f, 4> d, int width, Matrix<4> m) {
+// Four channels of samples T (32f only) through a 4x4 matrix without
+// constants.
+template <class T>
+void innerColorTwist4(RowC<const T, 4> s, RowC<T, 4> d, int width, Matrix<4> m) {
     for (std::ptrdiff_t i = 0; i < width; ++i) {
-        const float* x = s.p + 4 * i;
-        float y[4];
+        const T* x = s.p + 4 * i;
+        T y[4];
         for (int c = 0; c < 4; ++c)
             y[c] = ((m.t[c][0] * x[0] + m.t[c][1] * x[1]) + m.t[c][2] * x[2]) + m.t[c][3] * x[3];
         for (int c = 0; c < 4; ++c) d.p[4 * i + c] = y[c];
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_TWIST_KERNELS(X)                                  \
+    X(c3u8, innerColorTwist, (Interleaved<3>, Zor8u))         \
+    X(ac4u8, innerColorTwist, (Interleaved<4>, Zor8u))        \
+    X(p3u8, innerColorTwist, (Planar, Zor8u))                 \
+    X(c3s8, innerColorTwist, (Interleaved<3>, Zor8s))         \
+    X(ac4s8, innerColorTwist, (Interleaved<4>, Zor8s))        \
+    X(p3s8, innerColorTwist, (Planar, Zor8s))                 \
+    X(c3u16, innerColorTwist, (Interleaved<3>, Zor16u))       \
+    X(ac4u16, innerColorTwist, (Interleaved<4>, Zor16u))      \
+    X(p3u16, innerColorTwist, (Planar, Zor16u))               \
+    X(c3s16, innerColorTwist, (Interleaved<3>, Zor16s))       \
+    X(ac4s16, innerColorTwist, (Interleaved<4>, Zor16s))      \
+    X(p3s16, innerColorTwist, (Planar, Zor16s))               \
+    X(c3f32, innerColorTwist, (Interleaved<3>, Zor32f))       \
+    X(ac4f32, innerColorTwist, (Interleaved<4>, Zor32f))      \
+    X(p3f32, innerColorTwist, (Planar, Zor32f))               \
+    X(c4f32, innerColorTwist4, (Zor32f))
+
+ZOR_KERNEL_TABLE(TwistKernels, ZOR_TWIST_KERNELS, kTwistScalar, twistTables, TwistK)
 
 }  // namespace zor
