@@ -4,23 +4,26 @@
 // in 0..1 or -150..150, some NaN, infinite, zero, one, negative, above 1, huge or subnormal. Float results that are
 // NaN are compared as one NaN (a NaN operand's payload depends on the compiler's operand order).
 #include "models/lab_kernels.h"
+#include "models/luv_kernels.h"
 #include "models/xyz_kernels.h"
 #include "support/kernel_harness.h"
 
 #include <cmath>
+#include <string_view>
 
 namespace {
 
-// rate: special float samples per 1024.
-template <class T>
-void reshape(T* p, int n, int ch, unsigned rate) {
+// kStall: few float specials and channel 0 positive, for the kernel that stalls at its first dark pixel.
+template <bool kStall, class T>
+void reshape(T* p, int n, int ch) {
+    const unsigned rate = kStall ? 2 : 64;  // float specials per 1024 samples
     for (int i = 0; i < n; ++i) {
         std::uint32_t u;
         std::memcpy(&u, p + i, sizeof u < sizeof(T) ? sizeof u : sizeof(T));
         if constexpr (std::is_same_v<T, Zor32f>) {
             const float unit = float(u >> 8) / 16777216.0f;
             const float special[] = {NAN, INFINITY, -INFINITY, -unit, 1.0f + 4 * unit, 1e30f, 0.0f, 1.0f, 1e-40f};
-            p[i] = u % 1024 < rate ? special[(u >> 10) % 9] : (u >> 10 & 1) ? unit : 300 * unit - 150;
+            p[i] = u % 1024 < rate ? special[(u >> 10) % 9] : (u >> 10 & 1) ? unit : kStall && i % ch == 0 ? 150 * unit : 300 * unit - 150;
         } else if constexpr (sizeof(T) == 2) {
             const int first = i - i % ch;
             std::uint16_t w;
@@ -30,12 +33,12 @@ void reshape(T* p, int n, int ch, unsigned rate) {
     }
 }
 
-template <auto Tables, int Tg, auto Member, unsigned Rate, class Fn>
+template <auto Tables, int Tg, auto Member, bool kStall, class Fn>
 struct Shaped;
-template <auto Tables, int Tg, auto Member, unsigned Rate, class S, int NS, class D, int ND>
-struct Shaped<Tables, Tg, Member, Rate, void (*)(zor::RowC<const S, NS>, zor::RowC<D, ND>, int)> {
+template <auto Tables, int Tg, auto Member, bool kStall, class S, int NS, class D, int ND>
+struct Shaped<Tables, Tg, Member, kStall, void (*)(zor::RowC<const S, NS>, zor::RowC<D, ND>, int)> {
     static void run(zor::RowC<const S, NS> s, zor::RowC<D, ND> d, int width) {
-        if (width > 0) reshape(const_cast<S*>(s.p), NS * width, NS, Rate);
+        if (width > 0) reshape<kStall>(const_cast<S*>(s.p), NS * width, NS);
         const auto* t = Tables()[Tg] ? Tables()[Tg] : Tables()[0];
         (t->*Member)(s, d, width);
         if constexpr (std::is_same_v<D, Zor32f>)
@@ -45,13 +48,21 @@ struct Shaped<Tables, Tg, Member, Rate, void (*)(zor::RowC<const S, NS>, zor::Ro
 
 template <int Tg>
 zor::XyzKernels xyzShaped() {
-#define ZOR_X(name, fn, args) &Shaped<zor::xyzTables, Tg, &zor::XyzKernels::name, 64, decltype(zor::XyzKernels::name)>::run,
+#define ZOR_X(name, fn, args) &Shaped<zor::xyzTables, Tg, &zor::XyzKernels::name, false, decltype(zor::XyzKernels::name)>::run,
     return {ZOR_XYZ_KERNELS(ZOR_X)};
+#undef ZOR_X
+}
+// The 32f LUV inverse stalls at its first dark pixel: few specials, so that most rows run whole vectors.
+template <int Tg>
+zor::LuvKernels luvShaped() {
+#define ZOR_X(name, fn, args) \
+    &Shaped<zor::luvTables, Tg, &zor::LuvKernels::name, std::string_view(#name).substr(0, 8) == "toRgb32f", decltype(zor::LuvKernels::name)>::run,
+    return {ZOR_LUV_KERNELS(ZOR_X)};
 #undef ZOR_X
 }
 template <int Tg>
 zor::LabKernels labShaped() {
-#define ZOR_X(name, fn, args) &Shaped<zor::labTables, Tg, &zor::LabKernels::name, 64, decltype(zor::LabKernels::name)>::run,
+#define ZOR_X(name, fn, args) &Shaped<zor::labTables, Tg, &zor::LabKernels::name, false, decltype(zor::LabKernels::name)>::run,
     return {ZOR_LAB_KERNELS(ZOR_X)};
 #undef ZOR_X
 }
@@ -64,6 +75,7 @@ const Table* const* byTarget() {
     return p;
 }
 const auto xyzTables = byTarget<zor::XyzKernels, xyzShaped<0>, xyzShaped<1>, xyzShaped<2>, xyzShaped<3>, xyzShaped<4>>;
+const auto luvTables = byTarget<zor::LuvKernels, luvShaped<0>, luvShaped<1>, luvShaped<2>, luvShaped<3>, luvShaped<4>>;
 const auto labTables = byTarget<zor::LabKernels, labShaped<0>, labShaped<1>, labShaped<2>, labShaped<3>, labShaped<4>>;
 
 }  // namespace
@@ -71,6 +83,9 @@ const auto labTables = byTarget<zor::LabKernels, labShaped<0>, labShaped<1>, lab
 #define ZOR_XYZ_TEST(name, fn, args) \
     TEST(XyzKernelSets, name) { zt::expectVectorsMatchScalar(xyzTables, &zor::XyzKernels::name); }
 ZOR_XYZ_KERNELS(ZOR_XYZ_TEST)
+#define ZOR_LUV_TEST(name, fn, args) \
+    TEST(LuvKernelSets, name) { zt::expectVectorsMatchScalar(luvTables, &zor::LuvKernels::name); }
+ZOR_LUV_KERNELS(ZOR_LUV_TEST)
 #define ZOR_LAB_TEST(name, fn, args) \
     TEST(LabKernelSets, name) { zt::expectVectorsMatchScalar(labTables, &zor::LabKernels::name); }
 ZOR_LAB_KERNELS(ZOR_LAB_TEST)
