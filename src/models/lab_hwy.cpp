@@ -25,11 +25,85 @@ HWY_INLINE VF dotBgrV(int r, VF b, VF g, VF rr) {
                    hn::Mul(hn::Set(df, kRgbToXyz.m[r][0]), rr));
 }
 
-// labF: the float cube root above the threshold, the linear segment up to it.
-HWY_INLINE VF labFV(VF t, MF cube, const RootV& root, MF& sure) {
+// labF: the root above the threshold, the linear segment up to it.
+HWY_INLINE VF labFV(VF t, MF cube, VF root) {
     const DF df;
-    const VF lin = hn::Add(hn::Mul(hn::Set(df, kLabSlope), t), hn::Set(df, kLabOffset));
-    return hn::IfThenElse(cube, rootToFloat(root, cube, sure), lin);
+    return hn::IfThenElse(cube, root, hn::Add(hn::Mul(hn::Set(df, kLabSlope), t), hn::Set(df, kLabOffset)));
+}
+
+// The 8u codes before truncation: L*255/100 + 0.5, a + 128.5, b + 128.5.
+HWY_INLINE void labValues8(VF y, MF cubeY, VF fx, VF fy, VF fz, VF& l, VF& a, VF& b) {
+    const DF df;
+    const VF lin = hn::Mul(hn::Set(df, kLabLinearL), y);
+    const VF ll = hn::IfThenElse(cubeY, hn::Sub(hn::Mul(hn::Set(df, 116.0f), fy), hn::Set(df, 16.0f)), lin);
+    l = hn::Add(hn::Div(hn::Mul(ll, hn::Set(df, 255.0f)), hn::Set(df, 100.0f)), hn::Set(df, 0.5f));
+    a = hn::Add(hn::Mul(hn::Set(df, 500.0f), hn::Sub(fx, fy)), hn::Set(df, 128.5f));
+    b = hn::Add(hn::Mul(hn::Set(df, 200.0f), hn::Sub(fy, fz)), hn::Set(df, 128.5f));
+}
+
+// Whether a value lies within `margin` of an integer (its truncation
+// boundary).
+HWY_INLINE MF nearInteger(VF v, float margin) {
+    return hn::Le(hn::Abs(hn::Sub(v, hn::Round(v))), hn::Set(DF(), margin));
+}
+
+// Float cube roots of the 8u ratios (below 2; those below 2^-7 take the
+// linear segment): t^(-1/3) from a table of 128 steps per octave (within
+// 1.3e-3), one second-order step y (1 + r/3 + 2r^2/9) with r = 1 - t y^3,
+// and g = t y^2. Within kRootFloatTol of the exact powers, as the general
+// float root (3.0e-7 at most over every float from 2^-7 to 2).
+struct RootSeeds {
+    float v[8 * 128];
+    RootSeeds() {
+        for (int i = 0; i < 8 * 128; ++i)
+            v[i] = static_cast<float>(std::pow(std::ldexp(1.0 + (i % 128 + 0.5) / 128.0, i / 128 - 7), -1.0 / 3.0));
+    }
+};
+
+HWY_INLINE VF labRootF(VF t) {
+    static const RootSeeds seeds;
+    const DF df;
+    const DI di;
+    const VI idx = hn::Sub(hn::ShiftRight<16>(hn::BitCast(di, t)), hn::Set(di, (127 - 7) << 7));
+    const VF y0 = hn::GatherIndex(df, seeds.v, hn::Min(hn::Max(idx, hn::Zero(di)), hn::Set(di, 8 * 128 - 1)));
+    const VF r = hn::Sub(hn::Set(df, 1.0f), hn::Mul(t, hn::Mul(hn::Mul(y0, y0), y0)));
+    const VF y = hn::Add(y0, hn::Mul(y0, hn::Mul(r, hn::Add(hn::Set(df, 1.0f / 3.0f), hn::Mul(r, hn::Set(df, 2.0f / 9.0f))))));
+    return hn::Mul(hn::Mul(t, y), y);
+}
+
+// 8u codes first in float without a division: X, Y, Z by reciprocals
+// (within 1.2e-7 of the quotients), L * 2.55, and the float roots, each
+// within kRootFloatTol of its exact float (at most 1.0001 here). With that
+// L, a and b lie within 2.2e-4, 7.7e-4 and 3.5e-4 of the exact values (the
+// roots' error times 116 * 2.55, 1000 and 400, plus the differing roundings);
+// a ratio beside the threshold that lands on the other side of it adds 3.2e-7
+// to its root (the two branches differ by that at the threshold), and
+// 8.7e-5, 1.6e-4 and 6.4e-5 to L, a and b. A vector with every value farther than
+// 4e-4, 1.2e-3 and 6e-4 from an integer has its codes. The rest
+// (about one vector in 15), and the 16u codes, take the true quotients and
+// the double roots.
+HWY_INLINE bool labFast8(VF b, VF g, VF r, VI& l, VI& a, VI& bb) {
+    const DF df;
+    const DI di;
+    const VF eps = hn::Set(df, kCieEpsilon);
+    const VF x = hn::Mul(dotBgrV(0, b, g, r), hn::Set(df, 1.0f / kLabXn));
+    const VF y = hn::Mul(dotBgrV(1, b, g, r), hn::Set(df, 1.0f / kLabYn));
+    const VF z = hn::Mul(dotBgrV(2, b, g, r), hn::Set(df, 1.0f / kLabZn));
+    const MF cubeY = hn::Gt(y, eps);
+    const VF fy = labFV(y, cubeY, labRootF(y));
+    const VF ll = hn::IfThenElse(cubeY, hn::Sub(hn::Mul(hn::Set(df, 116.0f), fy), hn::Set(df, 16.0f)),
+                                 hn::Mul(hn::Set(df, kLabLinearL), y));
+    const VF lv = hn::Add(hn::Mul(ll, hn::Set(df, 2.55f)), hn::Set(df, 0.5f));
+    const VF av = hn::Add(hn::Mul(hn::Set(df, 500.0f), hn::Sub(labFV(x, hn::Gt(x, eps), labRootF(x)), fy)),
+                          hn::Set(df, 128.5f));
+    const VF bv = hn::Add(hn::Mul(hn::Set(df, 200.0f), hn::Sub(fy, labFV(z, hn::Gt(z, eps), labRootF(z)))),
+                          hn::Set(df, 128.5f));
+    const MF near = hn::Or(hn::Or(nearInteger(lv, 4e-4f), nearInteger(av, 1.2e-3f)), nearInteger(bv, 6e-4f));
+    if (!hn::AllFalse(df, near)) return false;
+    l = hn::ConvertTo(di, lv);
+    a = hn::ConvertTo(di, av);
+    bb = hn::ConvertTo(di, bv);
+    return true;
 }
 
 template <class D>
@@ -42,24 +116,27 @@ void bgrToLab(RowC<const Zor8u, 3> s, RowC<D, 3> d, int width) {
     for (; i + n <= static_cast<std::size_t>(width); i += n) {
         VF b, g, r;
         FloatPix<Zor8u, 3>::load(s.p + 3 * i, b, g, r);
+        if constexpr (sizeof(D) == 1) {
+            VI l, a, bb;
+            if (labFast8(b, g, r, l, a, bb)) {
+                FloatPix<D, 3>::storeCodes(d.p + 3 * i, l, a, bb);
+                continue;
+            }
+        }
         const VF x = hn::Div(dotBgrV(0, b, g, r), hn::Set(df, kLabXn));
         const VF y = hn::Div(dotBgrV(1, b, g, r), hn::Set(df, kLabYn));
         const VF z = hn::Div(dotBgrV(2, b, g, r), hn::Set(df, kLabZn));
-        const MF cubeY = hn::Gt(y, eps);
+        const MF cubeX = hn::Gt(x, eps), cubeY = hn::Gt(y, eps), cubeZ = hn::Gt(z, eps);
+        const RootF rx = cubeRootF(x), ry = cubeRootF(y), rz = cubeRootF(z);
         MF sure = hn::FirstN(df, n);
-        const RootV rootY = cubeRootV(y);
-        const VF fx = labFV(x, hn::Gt(x, eps), cubeRootV(x), sure);
-        const VF fy = labFV(y, cubeY, rootY, sure);
-        const VF fz = labFV(z, hn::Gt(z, eps), cubeRootV(z), sure);
-        const VF a = hn::Mul(hn::Set(df, 500.0f), hn::Sub(fx, fy));
-        const VF bb = hn::Mul(hn::Set(df, 200.0f), hn::Sub(fy, fz));
-        const VF linL = hn::Mul(hn::Set(df, kLabLinearL), y);
+        const RootV rootY = cubeRootV(ry);
+        const VF fx = labFV(x, cubeX, rootToFloat(cubeRootV(rx), cubeX, sure));
+        const VF fy = labFV(y, cubeY, rootToFloat(rootY, cubeY, sure));
+        const VF fz = labFV(z, cubeZ, rootToFloat(cubeRootV(rz), cubeZ, sure));
         if constexpr (sizeof(D) == 1) {
-            const VF l = hn::IfThenElse(cubeY, hn::Sub(hn::Mul(hn::Set(df, 116.0f), fy), hn::Set(df, 16.0f)), linL);
-            const VF lc = hn::Add(hn::Div(hn::Mul(l, hn::Set(df, 255.0f)), hn::Set(df, 100.0f)), hn::Set(df, 0.5f));
-            FloatPix<D, 3>::storeCodes(d.p + 3 * i, hn::ConvertTo(di, lc),
-                                       hn::ConvertTo(di, hn::Add(a, hn::Set(df, 128.5f))),
-                                       hn::ConvertTo(di, hn::Add(bb, hn::Set(df, 128.5f))));
+            VF lv, av, bv;
+            labValues8(y, cubeY, fx, fy, fz, lv, av, bv);
+            FloatPix<D, 3>::storeCodes(d.p + 3 * i, hn::ConvertTo(di, lv), hn::ConvertTo(di, av), hn::ConvertTo(di, bv));
         } else {
             // L in double from the double root: both ends of its interval
             // must give the same code.
@@ -74,11 +151,14 @@ void bgrToLab(RowC<const Zor8u, 3> s, RowC<D, 3> d, int width) {
                 };
                 return hn::Combine(di, lcode(l(rootY.hi)), lcode(l(rootY.lo)));
             };
+            const VF linL = hn::Mul(hn::Set(df, kLabLinearL), y);
             const VI lcLin = hn::Combine(di, lcode(upperD(linL)), lcode(lowerD(linL)));
             const VI lcLow = codes(1.0 - kRootTol), lcHigh = codes(1.0 + kRootTol);
             const hn::Mask<DI> cubeI = hn::RebindMask(di, cubeY);
             sure = hn::AndNot(hn::RebindMask(df, hn::AndNot(hn::Eq(lcLow, lcHigh), cubeI)), sure);
             const VF k = hn::Set(df, 255.0f), off = hn::Set(df, 128.0f);
+            const VF a = hn::Mul(hn::Set(df, 500.0f), hn::Sub(fx, fy));
+            const VF bb = hn::Mul(hn::Set(df, 200.0f), hn::Sub(fy, fz));
             FloatPix<D, 3>::storeCodes(d.p + 3 * i, hn::IfThenElse(cubeI, codes(1.0), lcLin),
                                        hn::ConvertTo(di, hn::Mul(hn::Add(a, off), k)),
                                        hn::ConvertTo(di, hn::Mul(hn::Add(bb, off), k)));
