@@ -5,6 +5,7 @@
 // NaN are compared as one NaN (a NaN operand's payload depends on the compiler's operand order).
 #include "models/lab_kernels.h"
 #include "models/luv_kernels.h"
+#include "models/model_kit.h"
 #include "models/xyz_kernels.h"
 #include "support/kernel_harness.h"
 
@@ -89,3 +90,22 @@ ZOR_LUV_KERNELS(ZOR_LUV_TEST)
 #define ZOR_LAB_TEST(name, fn, args) \
     TEST(LabKernelSets, name) { zt::expectVectorsMatchScalar(labTables, &zor::LabKernels::name); }
 ZOR_LAB_KERNELS(ZOR_LAB_TEST)
+
+// The exported members on rows wide enough for whole vectors at every target: the reference model's bytes, with every
+// team size from 1 to 4 and inside an outer parallel region.
+TEST(CieMembers, VectorRowsMatchReferenceForEveryTeamSize) {
+    for (const mk::Member& m : mk::members()) {
+        const std::string name = m.name;
+        if (name.find("XYZ") == std::string::npos && name.find("LUV") == std::string::npos && name.find("Lab") == std::string::npos) continue;
+        SCOPED_TRACE(m.name);
+        zt::Image<Zor8u> src = mk::source(m, 67, 29, 3);
+        const zt::Image<Zor8u> want = mk::expected(m, src, mk::image(67, 29, m.ch, m.dstSize, 5));
+        for (zor::cpu::Target t : zt::vectorTargets()) {
+            zt::ForceTarget force(t);
+            zt::expectTeamIndependent<zt::Image<Zor8u>>([&] { return mk::image(67, 29, m.ch, m.dstSize, 5); }, [&](zt::Image<Zor8u>& d) {
+                ASSERT_EQ(m.fn(src.data(), src.step(), d.data(), d.step(), {67, 29}), zorStsOk);
+                EXPECT_EQ(zt::firstDifference(d.bytes(), want.bytes()), -1) << zor::cpu::name(t);
+            });
+        }
+    }
+}
