@@ -3,6 +3,7 @@
 // its linear segment near black; the inverse uses the plain cube.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "models/common.h"
 
 namespace zor {
@@ -99,5 +100,16 @@ void labToBgr(RowC<const S, 3> s, RowC<Zor8u, 3> d, int width) {
         }
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_LAB_KERNELS(X)              \
+    X(bgrToLab8u, bgrToLab, (Zor8u))    \
+    X(bgrToLab16u, bgrToLab, (Zor16u))  \
+    X(labToBgr8u, labToBgr, (Zor8u))    \
+    X(labToBgr16u, labToBgr, (Zor16u))
+
+ZOR_KERNEL_TABLE(LabKernels, ZOR_LAB_KERNELS, kLabScalar, labTables, LabK)
 
 }  // namespace zor

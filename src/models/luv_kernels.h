@@ -3,6 +3,7 @@
 // or 4 with the fourth neither read nor written.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "models/common.h"
 
 namespace zor {
@@ -174,5 +175,28 @@ void luvToRgb32(RowC<const Zor32f, N> s, RowC<Zor32f, N> d, int width) {
         q += N;
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_LUV_KERNELS(X)                    \
+    X(toLuv8C3, rgbToLuv8, (3))               \
+    X(toLuv8AC4, rgbToLuv8, (4))              \
+    X(toRgb8C3, luvToRgbInt, (Zor8u, 3))      \
+    X(toRgb8AC4, luvToRgbInt, (Zor8u, 4))     \
+    X(toLuv16uC3, rgbToLuv, (Zor16u, 3))      \
+    X(toLuv16uAC4, rgbToLuv, (Zor16u, 4))     \
+    X(toRgb16uC3, luvToRgbInt, (Zor16u, 3))   \
+    X(toRgb16uAC4, luvToRgbInt, (Zor16u, 4))  \
+    X(toLuv16sC3, rgbToLuv, (Zor16s, 3))      \
+    X(toLuv16sAC4, rgbToLuv, (Zor16s, 4))     \
+    X(toRgb16sC3, luvToRgbInt, (Zor16s, 3))   \
+    X(toRgb16sAC4, luvToRgbInt, (Zor16s, 4))  \
+    X(toLuv32fC3, rgbToLuv, (Zor32f, 3))      \
+    X(toLuv32fAC4, rgbToLuv, (Zor32f, 4))     \
+    X(toRgb32fC3, luvToRgb32, (3))            \
+    X(toRgb32fAC4, luvToRgb32, (4))
+
+ZOR_KERNEL_TABLE(LuvKernels, ZOR_LUV_KERNELS, kLuvScalar, luvTables, LuvK)
 
 }  // namespace zor

@@ -2,6 +2,7 @@
 // the fourth neither read nor written.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "models/common.h"
 
 namespace zor {
@@ -76,5 +77,28 @@ void xyzToRgb(RowC<const T, N> s, RowC<T, N> d, int width) {
         }
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_XYZ_KERNELS(X)                   \
+    X(toXyz8C3, rgbToXyz8, (3))              \
+    X(toXyz8AC4, rgbToXyz8, (4))             \
+    X(toRgb8C3, xyzToRgb8, (3))              \
+    X(toRgb8AC4, xyzToRgb8, (4))             \
+    X(toXyz16uC3, rgbToXyz, (Zor16u, 3))     \
+    X(toXyz16uAC4, rgbToXyz, (Zor16u, 4))    \
+    X(toRgb16uC3, xyzToRgb, (Zor16u, 3))     \
+    X(toRgb16uAC4, xyzToRgb, (Zor16u, 4))    \
+    X(toXyz16sC3, rgbToXyz, (Zor16s, 3))     \
+    X(toXyz16sAC4, rgbToXyz, (Zor16s, 4))    \
+    X(toRgb16sC3, xyzToRgb, (Zor16s, 3))     \
+    X(toRgb16sAC4, xyzToRgb, (Zor16s, 4))    \
+    X(toXyz32fC3, rgbToXyz, (Zor32f, 3))     \
+    X(toXyz32fAC4, rgbToXyz, (Zor32f, 4))    \
+    X(toRgb32fC3, xyzToRgb, (Zor32f, 3))     \
+    X(toRgb32fAC4, xyzToRgb, (Zor32f, 4))
+
+ZOR_KERNEL_TABLE(XyzKernels, ZOR_XYZ_KERNELS, kXyzScalar, xyzTables, XyzK)
 
 }  // namespace zor
