@@ -10,9 +10,11 @@ conversion over the frames of a Dask array.
 """
 
 from . import _zorcc, raw
+from .convert import FORMATS, conversions, convert, find, gamma, reduce_bits, to_gray, twist
 from .raw import ZorccError, ZorccWarning
 
-__all__ = ["ZorccError", "ZorccWarning", "raw", "set_threads", "get_threads", "version"]
+__all__ = ["ZorccError", "ZorccWarning", "raw", "set_threads", "get_threads", "version", "FORMATS",
+           "conversions", "convert", "find", "gamma", "reduce_bits", "to_gray", "twist"]
 
 
 def set_threads(n):

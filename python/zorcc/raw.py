@@ -154,7 +154,7 @@ def _need(fn, what, have, need):
 
 
 def _chroma(g, w, h):
-    return _ceil_div(w, g.get("H", 1)), _ceil_div(h, 1 << g.get("V", 0))
+    return _ceil_div(w, g.get("h", 1)), _ceil_div(h, 1 << g.get("v", 0))
 
 
 class _Image:
@@ -163,15 +163,15 @@ class _Image:
     def __init__(self, fn, index, g):
         self.fn, self.g = fn, g
         self.kind = g["kind"]
-        self.out = g["dir"] in ("out", "io")
+        self.out = g["dir"] in ("out", "inout")
         self.dtype = DTYPES[g["type"]]
-        self.what = "%s image (argument %d)" % ({"in": "source", "out": "destination", "io": "in-place"}[g["dir"]], index)
+        self.what = "%s image (argument %d)" % ({"in": "source", "out": "destination", "inout": "in-place"}[g["dir"]], index)
 
     def size(self, obj):
         """The largest region (width, height) the object holds."""
         fn, g, what = self.fn, self.g, self.what
         k = self.kind
-        if k in ("C", "WHOLE_C"):
+        if k in ("C", "wholeC"):
             return _interleaved(fn, what, _array(fn, what, obj, self.dtype, self.out), g["channels"])
         n = 4 if k == "P4" else 2 if k == "P2" else 3
         planes = _planes(fn, what, obj, n)
@@ -181,7 +181,7 @@ class _Image:
     def args(self, obj, w, h):
         fn, g, what, k = self.fn, self.g, self.what, self.kind
         isz = self.dtype.itemsize
-        if k in ("C", "WHOLE_C"):
+        if k in ("C", "wholeC"):
             a = _array(fn, what, obj, self.dtype, self.out)
             _need(fn, what, _interleaved(fn, what, a, g["channels"]), (w, h))
             if k == "C":
@@ -199,9 +199,10 @@ class _Image:
         n = 4 if k == "P4" else 3
         planes = [_array(fn, "%s plane %d" % (what, i), p, self.dtype, self.out)
                   for i, p in enumerate(_planes(fn, what, obj, n))]
-        if k == "WHOLE_P3":
-            cw = {"fullWidth": w, "halfUp": w - w // 2, "halfDown": w // 2}[g["chroma"]]
-            ch = _ceil_div(h, 1 << g.get("V", 0))
+        if k == "wholeP3":
+            cw, ch = _chroma(g, w, h)
+            if g.get("chroma") == "floor":
+                cw = w // g.get("h", 1)
             for i, p in enumerate(planes):
                 pw, ph = (w, h) if i == 0 else (cw, ch)
                 _need(fn, "%s plane %d" % (what, i), _plane(fn, "%s plane %d" % (what, i), p), (pw, ph))
@@ -233,11 +234,14 @@ class _Value:
                 if g.get("nullable"):
                     return [0], None
                 raise TypeError("%s: %s is required" % (fn, name))
-            a = np.ascontiguousarray(v, dtype=_FLOAT_TYPES.get(g["ctype"], np.float32))
-            if a.size != g["count"]:
-                raise ValueError("%s: %s holds %d values, not %d" % (fn, name, a.size, g["count"]))
+            a = np.ascontiguousarray(v, dtype=DTYPES[g["type"]])
+            count = int(np.prod(g["shape"])) if g.get("shape") else None
+            if count is None:
+                raise TypeError("%s: the extent of %s is not known" % (fn, name))
+            if a.size != count:
+                raise ValueError("%s: %s holds %d values, not %d" % (fn, name, a.size, count))
             return [a.ctypes.data], a
-        ctype = g["ctype"]
+        ctype = g["cType"]
         if ctype in _FLOAT_TYPES:
             if isinstance(v, (bool, np.bool_)) or not isinstance(v, (int, float, np.integer, np.floating)):
                 raise TypeError("%s: %s must be a number, not %s" % (fn, name, type(v).__name__))
@@ -274,7 +278,7 @@ class Function:
             if g["kind"] in ("value", "pointer"):
                 names.append(g.get("name", "value"))
             elif g["kind"] != "roi":
-                names.append({"in": "src", "out": "dst", "io": "srcdst"}[g["dir"]])
+                names.append({"in": "src", "out": "dst", "inout": "srcdst"}[g["dir"]])
         return names
 
     def __repr__(self):
