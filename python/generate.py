@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """Generates the binding tables of the zorcc package from the description of
-the exports (the JSON that zorcc-describe prints) and the public header.
+the exports (the JSON that the internal program zorcc-describe prints) and
+the public header.
 
-    generate.py DESCRIPTION zorcc.h OUT_DIR
+    generate.py ZORCC_DESCRIBE zorcc.h OUT_DIR
 
 writes OUT_DIR/raw_names.inc (the entry list compiled into the extension),
 OUT_DIR/zorcc/exports.json (the parameter groups the Python layer checks
@@ -11,12 +12,8 @@ arguments against) and OUT_DIR/zorcc/_status.py (status names and values).
 import json
 import os
 import re
+import subprocess
 import sys
-
-
-def normalise(desc):
-    """The description as a list of {"name", "params": [group, ...]}."""
-    return sorted(desc, key=lambda d: d["name"])
 
 
 def status_names(header):
@@ -32,9 +29,9 @@ def write_if_changed(path, text):
         f.write(text)
 
 
-def main(desc_path, header_path, out):
-    with open(desc_path) as f:
-        fns = normalise(json.load(f))
+def main(describe, header_path, out):
+    fns = sorted(json.loads(subprocess.run([describe], check=True, capture_output=True).stdout),
+                 key=lambda d: d["name"])
     with open(header_path) as f:
         header = f.read()
     os.makedirs(os.path.join(out, "zorcc"), exist_ok=True)

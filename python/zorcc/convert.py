@@ -86,17 +86,18 @@ _TABLE = _index()
 
 
 def conversions():
-    """Every (from format, to format) pair convert() can do, with variants."""
+    """Every conversion convert() can do: (from format, to format, variant,
+    source sample type)."""
     models = {}
     for f, (model, lays) in FORMATS.items():
         for lay in lays:
             models.setdefault((model, lay), f)
-    pairs = set()
-    for (src, dst, variant, _t, (ls, ld)) in _TABLE:
+    found = set()
+    for (src, dst, variant, t, (ls, ld)) in _TABLE:
         a, b = models.get((src, ls)), models.get((dst, ld))
         if a and b:
-            pairs.add((a, b, variant))
-    return sorted(pairs, key=lambda p: (p[0], p[1], p[2] or ""))
+            found.add((a, b, variant, t))
+    return sorted(found, key=lambda p: (p[0], p[1], p[2] or "", p[3]))
 
 
 def _sample_type(obj):
