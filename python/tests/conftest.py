@@ -56,17 +56,8 @@ def image(g, w, h, rng, pad=3):
 
 def clone(img):
     """The same view of a copy of the whole buffer."""
-    if isinstance(img, tuple):
-        return tuple(clone(p) for p in img)
-    return base_of(img).copy()[:, : img.shape[1]]
+    return tuple(clone(p) for p in img) if isinstance(img, tuple) else img.base.copy()[:, : img.shape[1]]
 
 
 def buffers(img):
-    return [base_of(p) for p in (img if isinstance(img, tuple) else (img,))]
-
-
-def base_of(a):
-    """The whole buffer an array is a view of (padding included)."""
-    while a.base is not None and isinstance(a.base, np.ndarray):
-        a = a.base
-    return a
+    return [p.base for p in (img if isinstance(img, tuple) else (img,))]
