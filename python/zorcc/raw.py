@@ -300,8 +300,8 @@ class Function:
             raise TypeError("%s takes %d arguments (%s), %d given"
                             % (self.name, n_img + len(self._values), ", ".join(self.arg_names()), len(args)))
         w, h = self.region(args[:n_img], roi)
-        if w < 0 or h < 0 or w > _INT_MAX or h > _INT_MAX:
-            raise ValueError("%s: region %dx%d is not a size" % (self.name, w, h))
+        if not (-_INT_MAX <= w <= _INT_MAX and -_INT_MAX <= h <= _INT_MAX):
+            raise ValueError("%s: region %dx%d does not fit in a ZoriSize" % (self.name, w, h))
         c_args, keep = [], []
         images, values = iter(zip(self._images, args[:n_img])), iter(zip(self._values, args[n_img:]))
         for g in self.params:
