@@ -22,8 +22,21 @@
 //
 // The family's header declares the C prototype (zorcc.h), so a group that
 // does not match the declared parameter types fails to compile.
+//
+// The same line registers a description of the function (core/describe.h):
+// per parameter its kind, direction, sample type, channels, subsampling and
+// step policy, taken from the wrappers that the groups build, and for values
+// and pointers their C declaration (a 3 x 4 matrix declared as [3][4]). A
+// family's own group needs nothing more than its ZOR_DECL_ and ZOR_EXPR_
+// macros; a pointer argument declares its extent in ZOR_DECL_ (`const Zor32f
+// coeffs[3]`) so that the table knows it. zor::describe::all() gives the
+// table to a test or tool linked with the object code, and the internal
+// program zorcc-describe prints it as JSON (`cmake --build <dir> --target
+// zorcc-describe && <dir>/zorcc-describe > exports.json`). The invoker of an
+// entry calls the function from an array of C arguments.
 #pragma once
 
+#include "core/describe.h"
 #include "core/kernel_set.h"
 #include "core/rows.h"
 
@@ -32,11 +45,6 @@
 #include <utility>
 
 namespace zor {
-
-// The region size as it appears among the arguments.
-struct Roi {
-    ZoriSize v;
-};
 
 namespace detail {
 
@@ -143,8 +151,29 @@ inline std::ptrdiff_t halfUp(ZoriSize s) { return s.width - s.width / 2; }
 #define ZOR_MAP_7(P, a, ...) P##a, ZOR_MAP_6(P, __VA_ARGS__)
 #define ZOR_MAP_8(P, a, ...) P##a, ZOR_MAP_7(P, __VA_ARGS__)
 
+// ZOR_MAPF(F, a, b, ...) -> F(a), F(b), ... (up to eight groups).
+#define ZOR_MAPF(F, ...) ZOR_MAPF_N(__VA_ARGS__, 8, 7, 6, 5, 4, 3, 2, 1)(F, __VA_ARGS__)
+#define ZOR_MAPF_N(_1, _2, _3, _4, _5, _6, _7, _8, N, ...) ZOR_MAPF_##N
+#define ZOR_MAPF_1(F, a) F(a)
+#define ZOR_MAPF_2(F, a, ...) F(a), ZOR_MAPF_1(F, __VA_ARGS__)
+#define ZOR_MAPF_3(F, a, ...) F(a), ZOR_MAPF_2(F, __VA_ARGS__)
+#define ZOR_MAPF_4(F, a, ...) F(a), ZOR_MAPF_3(F, __VA_ARGS__)
+#define ZOR_MAPF_5(F, a, ...) F(a), ZOR_MAPF_4(F, __VA_ARGS__)
+#define ZOR_MAPF_6(F, a, ...) F(a), ZOR_MAPF_5(F, __VA_ARGS__)
+#define ZOR_MAPF_7(F, a, ...) F(a), ZOR_MAPF_6(F, __VA_ARGS__)
+#define ZOR_MAPF_8(F, a, ...) F(a), ZOR_MAPF_7(F, __VA_ARGS__)
+
+#define ZOR_TEXT(...) ZOR_TEXT_(__VA_ARGS__)
+#define ZOR_TEXT_(...) #__VA_ARGS__
+#define ZOR_DESCRIBE_GROUP(g) ::zor::describe::group(#g, ZOR_TEXT(ZOR_DECL_##g), ZOR_EXPR_##g)
+
 // One exported image function. checks and run are parenthesized types.
-#define ZOR_EXPORT(name, checks, run, ...)                                                    \
-    extern "C" ZORCC_API ZorStatus name(ZOR_MAP(ZOR_DECL_, __VA_ARGS__)) {                    \
-        return ::zor::call<ZOR_STRIP checks, ZOR_STRIP run>(ZOR_MAP(ZOR_EXPR_, __VA_ARGS__)); \
-    }
+#define ZOR_EXPORT(name, checks, run, ...)                                                              \
+    extern "C" ZORCC_API ZorStatus name(ZOR_MAP(ZOR_DECL_, __VA_ARGS__)) {                              \
+        return ::zor::call<ZOR_STRIP checks, ZOR_STRIP run>(ZOR_MAP(ZOR_EXPR_, __VA_ARGS__));           \
+    }                                                                                                   \
+    static const ::zor::describe::Entry zorDescribe_##name{#name, &::zor::describe::invoke<&name>, [] { \
+        return ::zor::describe::params(&name, [](ZOR_MAP(ZOR_DECL_, __VA_ARGS__)) {                     \
+            return ::zor::describe::join({ZOR_MAPF(ZOR_DESCRIBE_GROUP, __VA_ARGS__)});                  \
+        });                                                                                             \
+    }};

@@ -44,7 +44,7 @@ using namespace zor;
 
 // Steps of 16-bit and float images are rounded down to whole samples.
 #define ZOR_GRAY(T, N) IN_C(T, N, ::zor::StepIn::Elements), OUT_C(T, 1, ::zor::StepIn::Elements), ROI
-#define ZOR_DECL_WEIGHTS const Zor32f *coeffs
+#define ZOR_DECL_WEIGHTS const Zor32f coeffs[3]
 #define ZOR_EXPR_WEIGHTS ::zor::Value<const Zor32f*>{coeffs}
 using K = GrayKernels;
 
