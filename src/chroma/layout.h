@@ -198,11 +198,17 @@ struct ScalarPasses {
         }
     }
 
-    // n four-tap interpolations of samples SC bytes apart in rows a..d
-    // into samples DC bytes apart.
-    template <int SC, int DC>
-    static void fourTaps(const Zor8u* a, const Zor8u* b, const Zor8u* c, const Zor8u* d, Zor8u* o, int n) {
-        for (int k = 0; k < n; ++k) o[k * DC] = fourTap(a[k * SC], b[k * SC], c[k * SC], d[k * SC]);
+    // The first n chroma pairs of a row interpolated from the chroma of rows
+    // up, cur, down and down2 (Cb, then Cr).
+    template <class S, class D>
+    static void fourTaps(RowIn<S, const Zor8u> up, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> down,
+                         RowIn<S, const Zor8u> down2, RowIn<D, Zor8u> d, int n) {
+        constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
+        const auto taps = [n](const Zor8u* a, const Zor8u* b, const Zor8u* c, const Zor8u* e, Zor8u* o) {
+            for (int k = 0; k < n; ++k) o[k * DC] = fourTap(a[k * SC], b[k * SC], c[k * SC], e[k * SC]);
+        };
+        taps(S::cb(up), S::cb(cur), S::cb(down), S::cb(down2), D::cb(d));
+        taps(S::cr(up), S::cr(cur), S::cr(down), S::cr(down2), D::cr(d));
     }
 
     // Deinterlacing taps: luma (above + 2 cur + below + Bias) >> 2 and
@@ -264,10 +270,8 @@ void movePairWith(RowIn<S, const Zor8u> s0, RowIn<S, const Zor8u> s1, RowIn<D, Z
 template <class Ops, class S, class D>
 void interpolateRowWith(RowIn<S, const Zor8u> up, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> down,
                         RowIn<S, const Zor8u> down2, RowIn<D, Zor8u> d, int width) {
-    constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
     Ops::template samples<S::kLumaStride, D::kLumaStride>(S::luma(cur), D::luma(d), width);
-    Ops::template fourTaps<SC, DC>(S::cb(up), S::cb(cur), S::cb(down), S::cb(down2), D::cb(d), width / 2);
-    Ops::template fourTaps<SC, DC>(S::cr(up), S::cr(cur), S::cr(down), S::cr(down2), D::cr(d), width / 2);
+    Ops::template fourTaps<S, D>(up, cur, down, down2, d, width / 2);
 }
 
 // The luma of one destination row from source rows above, cur and below.

@@ -163,9 +163,11 @@ struct VectorPasses {
         const int L = static_cast<int>(hn::Lanes(d8)), pairs = Rep * (width / S::kH);
         int p = 0;
         for (; p + L <= pairs; p += L) {
-            V8 v[4];
+            V8 v[4];  // Y0 Cb Y1 Cr of L pairs
             if constexpr (S::kPacked) {
-                hn::LoadInterleaved4(d8, s.p + 4 * p, v[0], v[1], v[2], v[3]);
+                V8 m[4];
+                hn::LoadInterleaved4(d8, s.p + 4 * p, m[0], m[1], m[2], m[3]);
+                v[0] = m[S::kY0], v[1] = m[S::kCb], v[2] = m[S::kY0 + 2], v[3] = m[S::kCr];
             } else {
                 hn::LoadInterleaved2(d8, S::luma(s) + 2 * p, v[0], v[2]);
                 if constexpr (Rep == 1 && S::kChromaStride == 1) {
@@ -179,24 +181,19 @@ struct VectorPasses {
                     hn::LoadInterleaved2(dh, S::cb(s) + p, b, r);
                     v[1] = twice(b), v[3] = twice(r);
                 }
-                // Y0 Cb Y1 Cr as v[0..3]: move them to the destination's order.
-                if constexpr (!S::kPacked) {
-                    const V8 y0 = v[0], cb = v[1], y1 = v[2], cr = v[3];
-                    v[D::kY0] = y0, v[D::kCb] = cb, v[D::kY0 + 2] = y1, v[D::kCr] = cr;
-                }
             }
-            if constexpr (S::kPacked) {
-                const V8 y0 = v[S::kY0], cb = v[S::kCb], y1 = v[S::kY0 + 2], cr = v[S::kCr];
-                v[D::kY0] = y0, v[D::kCb] = cb, v[D::kY0 + 2] = y1, v[D::kCr] = cr;
-            }
-            hn::StoreInterleaved4(v[0], v[1], v[2], v[3], d8, d.p + 4 * p);
+            V8 o[4];
+            o[D::kY0] = v[0], o[D::kCb] = v[1], o[D::kY0 + 2] = v[2], o[D::kCr] = v[3];
+            hn::StoreInterleaved4(o[0], o[1], o[2], o[3], d8, d.p + 4 * p);
         }
         ScalarPasses::pack<S, D>(advance<S>(s, 2 * p), advance<D>(d, 2 * p), width - 2 * p);
     }
 
-    template <int SC, int DC>
-    static void fourTaps(const Zor8u* a, const Zor8u* b, const Zor8u* c, const Zor8u* d, Zor8u* o, int n) {
-        static_assert(DC == 1, "into planes");
+    template <class S, class D>
+    static void fourTaps(RowIn<S, const Zor8u> up, RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> down,
+                         RowIn<S, const Zor8u> down2, RowIn<D, Zor8u> d, int n) {
+        constexpr int SC = S::kChromaStride;
+        static_assert(D::kChromaStride == 1 && SC <= 2, "from planes or pairs into planes");
         const D8 d8;
         const int L = static_cast<int>(hn::Lanes(d8));
         const auto tap = [](V16 x, V16 y, V16 z, V16 w) {
@@ -204,13 +201,24 @@ struct VectorPasses {
             const V16 sum = hn::Sub(hn::Sub(hn::Mul(hn::Add(y, z), hn::Set(d16, 9)), x), w);
             return hn::ShiftRight<4>(hn::Add(sum, hn::Set(d16, 8)));
         };
+        // Cb and Cr of L pairs of a row: from pairs with one interleaved load.
+        const auto load = [](RowIn<S, const Zor8u> r, std::ptrdiff_t k, V8& b, V8& c) {
+            if constexpr (SC == 2) {
+                hn::LoadInterleaved2(D8(), S::cb(r) + 2 * k, b, c);
+            } else {
+                b = hn::LoadU(D8(), S::cb(r) + k), c = hn::LoadU(D8(), S::cr(r) + k);
+            }
+        };
         int k = 0;
-        for (; k + L < n; k += L) {
-            const std::ptrdiff_t at = SC * k;
-            hn::StoreU(widened(tap, loadRun<SC>(a + at), loadRun<SC>(b + at), loadRun<SC>(c + at), loadRun<SC>(d + at)),
-                       d8, o + k);
+        for (; k + L <= n; k += L) {
+            V8 b[4], r[4];
+            load(up, k, b[0], r[0]), load(cur, k, b[1], r[1]), load(down, k, b[2], r[2]), load(down2, k, b[3], r[3]);
+            hn::StoreU(widened(tap, b[0], b[1], b[2], b[3]), d8, D::cb(d) + k);
+            hn::StoreU(widened(tap, r[0], r[1], r[2], r[3]), d8, D::cr(d) + k);
         }
-        ScalarPasses::fourTaps<SC, DC>(a + SC * k, b + SC * k, c + SC * k, d + SC * k, o + k, n - k);
+        const std::ptrdiff_t x = k * S::kH;
+        ScalarPasses::fourTaps<S, D>(advance<S>(up, x), advance<S>(cur, x), advance<S>(down, x), advance<S>(down2, x),
+                                     advance<D>(d, x), n - k);
     }
 
     template <int Bias>
