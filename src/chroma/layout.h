@@ -222,9 +222,16 @@ struct ScalarPasses {
     static void lumaTaps(const Zor8u* a, const Zor8u* c, const Zor8u* b, Zor8u* o, int n) {
         for (int i = 0; i < n; ++i) o[i * DS] = lumaTap<Bias>(a[i], c[i], b[i]);
     }
-    template <int Bias, int SC, int DC>
-    static void chromaTaps(const Zor8u* cur, const Zor8u* below, Zor8u* o, int n) {
-        for (int k = 0; k < n; ++k) o[k * DC] = chromaTap<Bias>(cur[k * SC], below[k * SC]);
+    // The first n chroma pairs of a row from the chroma of rows cur and
+    // below (Cb, then Cr).
+    template <int Bias, class S, class D>
+    static void chromaTaps(RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below, RowIn<D, Zor8u> d, int n) {
+        constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
+        const auto taps = [n](const Zor8u* c, const Zor8u* b, Zor8u* o) {
+            for (int k = 0; k < n; ++k) o[k * DC] = chromaTap<Bias>(c[k * SC], b[k * SC]);
+        };
+        taps(S::cb(cur), S::cb(below), D::cb(d));
+        taps(S::cr(cur), S::cr(below), D::cr(d));
     }
 };
 
@@ -286,9 +293,7 @@ void deinterlaceLumaWith(RowIn<S, const Zor8u> above, RowIn<S, const Zor8u> cur,
 // below.
 template <class Ops, int Bias, class S, class D>
 void deinterlaceChromaWith(RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below, RowIn<D, Zor8u> d, int width) {
-    constexpr int SC = S::kChromaStride, DC = D::kChromaStride;
-    Ops::template chromaTaps<Bias, SC, DC>(S::cb(cur), S::cb(below), D::cb(d), width / 2);
-    Ops::template chromaTaps<Bias, SC, DC>(S::cr(cur), S::cr(below), D::cr(d), width / 2);
+    Ops::template chromaTaps<Bias, S, D>(cur, below, d, width / 2);
 }
 
 // The scalar kernels.

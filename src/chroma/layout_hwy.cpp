@@ -4,8 +4,9 @@
 // interleaved stores, and leaves the rest of its run to the scalar pass.
 // Loads stay within the bytes the scalar pass reads: a pass whose last load
 // would reach beyond the last sample it needs leaves that block to the
-// scalar pass. Filters work in 16-bit lanes (no sum can overflow them) and
-// narrow with saturation, which is the clamp to 0..255.
+// scalar pass. The four-tap filter works in 16-bit lanes (no sum can
+// overflow them) and narrows with saturation, which is the clamp to 0..255;
+// the deinterlacing taps are exact in bytes.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "chroma/layout_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
@@ -221,18 +222,24 @@ struct VectorPasses {
                                      advance<D>(d, x), n - k);
     }
 
+    // The deinterlacing taps in bytes: floor((x + y) / 2) is the rounding
+    // average less the odd bit of x ^ y, and floor((a + b + 2c) / 4) is
+    // floor((floor((a + b) / 2) + c) / 2); a bias of half the divisor adds
+    // one to the quotient, saturated where it would pass 255.
+    static V8 floorAverage(V8 x, V8 y) {
+        return hn::Sub(hn::AverageRound(x, y), hn::And(hn::Xor(x, y), hn::Set(D8(), 1)));
+    }
     template <int Bias>
     static V8 lumaTaps(V8 a, V8 c, V8 b) {
-        return widened(
-            [](V16 x, V16 y, V16 z) {
-                return hn::ShiftRight<2>(hn::Add(hn::Add(hn::Add(x, hn::Add(y, y)), z), hn::Set(D16(), Bias)));
-            },
-            a, c, b);
+        static_assert(Bias == 0 || Bias == 4, "no bias or half the divisor");
+        const V8 q = floorAverage(floorAverage(a, b), c);
+        return Bias ? hn::SaturatedAdd(q, hn::Set(D8(), 1)) : q;
     }
     template <int Bias>
     static V8 chromaTaps(V8 c, V8 b) {
-        return widened([](V16 x, V16 y) { return hn::ShiftRight<1>(hn::Add(hn::Add(x, y), hn::Set(D16(), Bias))); },
-                       c, b);
+        static_assert(Bias == 0 || Bias == 2, "no bias or half the divisor");
+        const V8 q = floorAverage(c, b);
+        return Bias ? hn::SaturatedAdd(q, hn::Set(D8(), 1)) : q;
     }
 
     // Into a luma plane; the rows of packed pictures that get no chroma are
@@ -246,13 +253,23 @@ struct VectorPasses {
             hn::StoreU(lumaTaps<Bias>(hn::LoadU(d8, a + i), hn::LoadU(d8, c + i), hn::LoadU(d8, b + i)), d8, o + i);
         ScalarPasses::lumaTaps<Bias, DS>(a + i, c + i, b + i, o + DS * i, n - i);
     }
-    template <int Bias, int SC, int DC>
-    static void chromaTaps(const Zor8u* cur, const Zor8u* below, Zor8u* o, int n) {
+    // Into chroma planes, Cb and Cr together; the chroma of packed rows
+    // that get no luma is left to the scalar pass.
+    template <int Bias, class S, class D>
+    static void chromaTaps(RowIn<S, const Zor8u> cur, RowIn<S, const Zor8u> below, RowIn<D, Zor8u> d, int n) {
+        static_assert(S::kChromaStride == 2, "from pairs");
         const D8 d8;
         const int L = static_cast<int>(hn::Lanes(d8));
         int k = 0;
-        for (; DC == 1 && k + L < n; k += L) hn::StoreU(chromaTaps<Bias>(loadRun<SC>(cur + SC * k), loadRun<SC>(below + SC * k)), d8, o + k);
-        ScalarPasses::chromaTaps<Bias, SC, DC>(cur + SC * k, below + SC * k, o + DC * k, n - k);
+        for (; D::kChromaStride == 1 && k + L <= n; k += L) {
+            V8 b0, r0, b1, r1;
+            hn::LoadInterleaved2(d8, S::cb(cur) + 2 * k, b0, r0);
+            hn::LoadInterleaved2(d8, S::cb(below) + 2 * k, b1, r1);
+            hn::StoreU(chromaTaps<Bias>(b0, b1), d8, D::cb(d) + k);
+            hn::StoreU(chromaTaps<Bias>(r0, r1), d8, D::cr(d) + k);
+        }
+        const std::ptrdiff_t x = k * S::kH;
+        ScalarPasses::chromaTaps<Bias, S, D>(advance<S>(cur, x), advance<S>(below, x), advance<D>(d, x), n - k);
     }
 };
 
