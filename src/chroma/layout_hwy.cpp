@@ -45,7 +45,7 @@ HWY_INLINE V8 widened(const F& f, V... v) {
     return hn::Combine(D8(), hn::DemoteTo(dh, hi), hn::DemoteTo(dh, lo));
 }
 
-// Sample k of a run SC bytes apart, for the L samples of a vector.
+// The samples of a whole vector from a run of samples SC bytes apart.
 template <int SC>
 HWY_INLINE V8 loadRun(const Zor8u* p) {
     const D8 d;
