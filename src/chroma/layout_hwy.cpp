@@ -34,15 +34,17 @@ HWY_INLINE V8 twice(hn::Vec<DH8> h) {
     return hn::BitCast(D8(), hn::Or(hn::ShiftLeft<8>(w), w));
 }
 
-// f applied to 16-bit lanes of the bytes of u8 vectors, narrowed back with
-// saturation.
+// f applied to the bytes of u8 vectors in 16-bit lanes, clamped to 0..255:
+// the even and the odd bytes in turn, each widened where it lies, so that no
+// byte crosses a block of the vector.
 template <class F, class... V>
 HWY_INLINE V8 widened(const F& f, V... v) {
     const D16 d16;
-    const DH8 dh;
-    const V16 lo = f(hn::PromoteTo(d16, hn::LowerHalf(dh, v))...);
-    const V16 hi = f(hn::PromoteTo(d16, hn::UpperHalf(dh, v))...);
-    return hn::Combine(D8(), hn::DemoteTo(dh, hi), hn::DemoteTo(dh, lo));
+    const DU16 du16;
+    const auto even = [&](V8 x) { return hn::BitCast(d16, hn::And(hn::BitCast(du16, x), hn::Set(du16, 0xFF))); };
+    const auto odd = [&](V8 x) { return hn::BitCast(d16, hn::ShiftRight<8>(hn::BitCast(du16, x))); };
+    const auto clamp = [&](V16 x) { return hn::BitCast(du16, hn::Min(hn::Max(x, hn::Zero(d16)), hn::Set(d16, 255))); };
+    return hn::BitCast(D8(), hn::Or(clamp(f(even(v)...)), hn::ShiftLeft<8>(clamp(f(odd(v)...)))));
 }
 
 // The samples of a whole vector from a run of samples SC bytes apart.
