@@ -9,8 +9,9 @@
 //     difference depend only on the low 16 bits of its operands) and every
 //     inverse from 16s planes work in wrapping 16-bit lanes;
 //   - the plain 16s to 16s forward transform (sums of 18 bits divided before
-//     they are cut) and everything with a 32s side work in 32-bit lanes, cut
-//     to their low 16 bits where a 16-bit side takes them.
+//     they are cut) works in 16-bit lanes as sums of halves;
+//   - everything with a 32s side works in 32-bit lanes, cut to the low 16
+//     bits where a 16-bit side takes them.
 // 8u results come from the 16-bit value by a saturating narrowing, which is
 // the clamp to 0..255.
 #undef HWY_TARGET_INCLUDE
@@ -42,6 +43,29 @@ HWY_INLINE void forwardOf(V b, V g, V r, V& y, V& co, V& cg) {
         co = hn::ShiftRight<1>(hn::Add(hn::Sub(r, b), hn::Set(d, 1)));
         cg = hn::ShiftRight<2>(hn::Add(hn::Sub(hn::Sub(hn::Add(g, g), r), b), two));
     }
+}
+
+// The plain forward transform of 16-bit samples in 16-bit lanes: its sums
+// need 18 bits, but each quotient is a sum of halves that does not. With
+// floor((x + y) / 2) = (x >> 1) + (y >> 1) + (x & y & 1) (in range for any
+// two 16-bit values), -v - 1 = ~v, and floor((x + 2z + 2k) / 4) =
+// floor((floor(x / 2) + z + k) / 2):
+//   Y  = floor((h + G + 1) / 2), h = floor((R + B) / 2), in range;
+//   Co = floor((R + ~B) / 2) + 1;
+//   Cg = floor((floor((~R + ~B) / 2) + G) / 2) + 1;
+// Co and Cg reach 32768 only, which the wrapping sum turns into its low 16
+// bits as the planes keep them.
+template <class V>
+HWY_INLINE void forwardPlain16(V b, V g, V r, V& y, V& co, V& cg) {
+    const hn::DFromV<V> d;
+    const V one = hn::Set(d, 1);
+    const auto half = [one](V p, V q) {
+        return hn::Add(hn::Add(hn::ShiftRight<1>(p), hn::ShiftRight<1>(q)), hn::And(hn::And(p, q), one));
+    };
+    const V h = half(r, b), nb = hn::Not(b);
+    y = hn::Add(hn::Add(hn::ShiftRight<1>(h), hn::ShiftRight<1>(g)), hn::And(hn::Or(h, g), one));
+    co = hn::Add(half(r, nb), one);
+    cg = hn::Add(half(half(hn::Not(r), nb), g), one);
 }
 
 // B, G, R of Y, Co, Cg, in the lanes' own (wrapping) arithmetic.
@@ -88,9 +112,8 @@ HWY_INLINE auto low16(D32, hn::Vec<D32> v) {
 
 template <bool Rev, int N, class S, class P>
 void innerBGRToYCoCg(RowC<const S, N> s, Row3<P> d, int width) {
-    // Pixels per step: the lanes of the wider of the computing type and P.
-    constexpr bool kWide = sizeof(P) == 4 || (std::is_same_v<S, Zor16s> && !Rev);
-    using DC = hn::ScalableTag<std::conditional_t<kWide, std::int32_t, std::int16_t>>;  // computing lanes
+    // Pixels per step: the lanes of the computing type, as wide as P.
+    using DC = hn::ScalableTag<std::conditional_t<sizeof(P) == 4, std::int32_t, std::int16_t>>;
     const DC dc;
     const hn::Rebind<S, DC> ds;
     const hn::Rebind<P, DC> dp;
@@ -100,7 +123,9 @@ void innerBGRToYCoCg(RowC<const S, N> s, Row3<P> d, int width) {
         hn::Vec<hn::Rebind<S, DC>> sb, sg, sr;
         loadBGR<N>(ds, s.p + N * i, sb, sg, sr);
         hn::Vec<DC> y, co, cg;
-        if constexpr (sizeof(S) == sizeof(hn::TFromD<DC>))
+        if constexpr (!Rev && std::is_same_v<S, Zor16s> && std::is_same_v<P, Zor16s>)
+            forwardPlain16(sb, sg, sr, y, co, cg);
+        else if constexpr (sizeof(S) == sizeof(hn::TFromD<DC>))
             forwardOf<Rev>(sb, sg, sr, y, co, cg);
         else
             forwardOf<Rev>(hn::PromoteTo(dc, sb), hn::PromoteTo(dc, sg), hn::PromoteTo(dc, sr), y, co, cg);
