@@ -14,15 +14,15 @@ namespace {
 // 4:2:0 to 4:2:2 with interpolated odd chroma rows; the width is rounded down
 // to even, the height to a multiple of 8. Source chroma rows beyond the
 // picture are replaced by its nearest edge row.
-template <class S, class D>
+template <class S, class D, auto Copy, auto Filter>
 struct Interpolate {
     template <class Images, class Extras>
     static ZorStatus run(ZoriSize roi, const Images& images, const Extras&) {
         static_assert(kSidesMatch<S, D, Images>, "the arguments are the images of the two sides");
         const auto s = std::get<0>(images).view();
         const auto d = std::get<1>(images).view();
-        const auto copy = ScalarKernel<&moveRow<S, D>>::resolve();
-        const auto interpolate = ScalarKernel<&interpolateRow<S, D>>::resolve();
+        const auto copy = ChromaK<Copy>::resolve();
+        const auto interpolate = ChromaK<Filter>::resolve();
         const int width = roi.width & ~1, rows = (roi.height & ~7) / 2;
         const auto chroma = [&](int j) { return s.row(2 * std::clamp(j, 0, rows - 1)); };
         forRows<Serial>(rows, [&](int j) {
@@ -40,7 +40,7 @@ struct Interpolate {
 // the next slice's first row; each slice but the top one starts one row above
 // its pointers to finish the previous slice. Rows beyond the picture's edges
 // are replaced by the edge row.
-template <int LumaBias, int ChromaBias, class S, class D>
+template <class S, class D, auto Luma, auto Chroma, auto Packed = nullptr>
 struct Deinterlace {
     template <class Images, class Extras>
     static ZorStatus run(ZoriSize roi, const Images& images, const Extras& extras) {
@@ -51,10 +51,10 @@ struct Deinterlace {
         if (!top && !bottom && layout != zorSliceMiddle) return zorStsOk;
         const auto s = std::get<0>(images).view();
         const auto d = std::get<1>(images).view();
-        const auto luma = ScalarKernel<&deinterlaceLuma<LumaBias, S, D>>::resolve();
-        const auto chroma = ScalarKernel<&deinterlaceChroma<ChromaBias, S, D>>::resolve();
+        const auto luma = ChromaK<Luma>::resolve();
+        const auto chroma = ChromaK<Chroma>::resolve();
         const auto packed = [] {
-            if constexpr (D::kPacked) return ScalarKernel<&deinterlacePacked<LumaBias, ChromaBias, S, D>>::resolve();
+            if constexpr (D::kPacked) return ChromaK<Packed>::resolve();
             else return nullptr;
         }();
         const int width = roi.width & ~1, h = roi.height & ~1, first = top ? 0 : -1;
@@ -91,11 +91,12 @@ using InterleavedChecks = Checks<check::Null<kOuter>, check::Size<>, check::Null
 }  // namespace zor
 
 using namespace zor;
+using K = ChromaKernels;
 
-ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P3R, (LayoutChecks<2, 8>), (Interpolate<Planar420, Planar422>), SRC_P3_420, DST_P3_422, ROI)
-ZOR_EXPORT(zoriYCrCb420ToYCbCr422_Filter_8u_P3R, (LayoutChecks<2, 8>), (Interpolate<PlanarCr420, Planar422>), SRC_P3_420, DST_P3_422, ROI)
-ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R, (LayoutChecks<2, 8>), (Interpolate<Semi420, Planar422>), SRC_P2_420, DST_P3_422, ROI)
+ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P3R, (LayoutChecks<2, 8>), (Interpolate<Planar420, Planar422, &K::evenRowYCbCr, &K::interpolateYCbCr>), SRC_P3_420, DST_P3_422, ROI)
+ZOR_EXPORT(zoriYCrCb420ToYCbCr422_Filter_8u_P3R, (LayoutChecks<2, 8>), (Interpolate<PlanarCr420, Planar422, &K::evenRowYCrCb, &K::interpolateYCrCb>), SRC_P3_420, DST_P3_422, ROI)
+ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2P3R, (LayoutChecks<2, 8>), (Interpolate<Semi420, Planar422, &K::evenRowSemi, &K::interpolateSemi>), SRC_P2_420, DST_P3_422, ROI)
 // Truncating taps into planes Y, Cr, Cb; the packed member's constants 4 and
 // 2 raise its results by one against the exact means.
-ZOR_EXPORT(zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R, (InterleavedChecks), (Deinterlace<0, 0, Semi420, PlanarCr420>), SRC_P2_420, DST_P3_420, ROI, ARG(unsigned int, layout))
-ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R, (LayoutChecks<2, 2>), (Deinterlace<4, 2, Semi420, PackedYCbCr>), SRC_P2_420, DST_C2, ROI, ARG(unsigned int, layout))
+ZOR_EXPORT(zoriYCbCr420ToYCrCb420_Filter_8u_P2P3R, (InterleavedChecks), (Deinterlace<Semi420, PlanarCr420, &K::deinterlaceLumaPlanar, &K::deinterlaceChromaPlanar>), SRC_P2_420, DST_P3_420, ROI, ARG(unsigned int, layout))
+ZOR_EXPORT(zoriYCbCr420ToYCbCr422_Filter_8u_P2C2R, (LayoutChecks<2, 2>), (Deinterlace<Semi420, PackedYCbCr, &K::deinterlaceLumaPacked, &K::deinterlaceChromaPacked, &K::deinterlacePacked>), SRC_P2_420, DST_C2, ROI, ARG(unsigned int, layout))

@@ -2,11 +2,13 @@
 // fourth element ignored on the way in, filled with the caller's value on
 // the way out) to and from three planes Y, Co, Cg (16s or 32s), plain
 // (dividing) or reversible (lifting). Arithmetic is 32-bit; shifts are
-// arithmetic.
+// arithmetic. These are the reference kernels; ycocg/ycocg_hwy.cpp has the
+// vector kernels of the shapes listed at the end.
 #pragma once
 
 #include "core/arith.h"
 #include "core/image.h"
+#include "core/kernel_set.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -88,5 +90,26 @@ void innerYCoCgToBGR(Row3<const P> s, RowC<D, N> d, int width, Fill... fill) {
         ((px[3] = fill), ...);
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)); members are
+// direction, flavour, interleaved samples per pixel and the two types.
+
+#define ZOR_YCOCG_SIDE(X, rev, Rev)                                                      \
+    X(fwd##rev##C3u8s16, innerBGRToYCoCg, (Rev, 3, Zor8u, Zor16s))                         \
+    X(fwd##rev##C4u8s16, innerBGRToYCoCg, (Rev, 4, Zor8u, Zor16s))                         \
+    X(fwd##rev##C3s16s16, innerBGRToYCoCg, (Rev, 3, Zor16s, Zor16s))                       \
+    X(fwd##rev##C4s16s16, innerBGRToYCoCg, (Rev, 4, Zor16s, Zor16s))                       \
+    X(fwd##rev##C3s16s32, innerBGRToYCoCg, (Rev, 3, Zor16s, Zor32s))                       \
+    X(fwd##rev##C4s16s32, innerBGRToYCoCg, (Rev, 4, Zor16s, Zor32s))                       \
+    X(inv##rev##s16C3u8, innerYCoCgToBGR, (Rev, 3, Zor16s, Zor8u))                         \
+    X(inv##rev##s16C4u8, innerYCoCgToBGR, (Rev, 4, Zor16s, Zor8u, Zor8u))                  \
+    X(inv##rev##s16C3s16, innerYCoCgToBGR, (Rev, 3, Zor16s, Zor16s))                       \
+    X(inv##rev##s16C4s16, innerYCoCgToBGR, (Rev, 4, Zor16s, Zor16s, Zor16s))               \
+    X(inv##rev##s32C3s16, innerYCoCgToBGR, (Rev, 3, Zor32s, Zor16s))                       \
+    X(inv##rev##s32C4s16, innerYCoCgToBGR, (Rev, 4, Zor32s, Zor16s, Zor16s))
+#define ZOR_YCOCG_KERNELS(X) ZOR_YCOCG_SIDE(X, , false) ZOR_YCOCG_SIDE(X, Rev, true)
+
+ZOR_KERNEL_TABLE(YCoCgKernels, ZOR_YCOCG_KERNELS, kYCoCgScalar, ycocgTables, YCoCgK)
 
 }  // namespace zor

@@ -239,7 +239,7 @@ TEST(ChromaInterpolate, MatchesTheFourTapModel) {
     std::uint32_t seed = 1;
     for (const char* name : {"YCbCr420ToYCbCr422_Filter_8u_P3R", "YCrCb420ToYCbCr422_Filter_8u_P3R",
                              "YCbCr420ToYCbCr422_Filter_8u_P2P3R"})
-        for (ZoriSize roi : {ZoriSize{2, 8}, ZoriSize{3, 9}, ZoriSize{8, 15}, ZoriSize{13, 16}, ZoriSize{22, 23}})
+        for (ZoriSize roi : {ZoriSize{2, 8}, ZoriSize{3, 9}, ZoriSize{8, 15}, ZoriSize{13, 16}, ZoriSize{22, 23}, ZoriSize{151, 8}})
             for (bool flipped : {false, true})
                 expectModel(find(name), roi, flipped, seed += 2,
                             [&](Picture& s, Picture& d) { interpolated(s, d, roi); });
@@ -266,13 +266,13 @@ void deinterlaced(const Member& m, Picture& s, Picture& d, ZoriSize roi, int y0,
 }
 
 // Whole pictures, random and flat (the packed member's constants raise a flat 128 to 129 and
-// clamp at 255); then slices, each writing from one luma and one chroma row above its pointers
+// clamp at 255), some wide enough for whole vectors; then slices, each writing from one luma and one chroma row above its pointers
 // (but the top slice) to one luma and one chroma row short of its end (but the bottom slice),
 // so that slices in any order add up to the whole. Other slice positions write nothing.
 TEST(ChromaDeinterlace, WholePicturesAndSlicesMatchTheModel) {
     for (const Member* m : {&toPlanar, &toPacked})
         for (bool flipped : {false, true})
-            for (ZoriSize roi : {ZoriSize{2, 2}, ZoriSize{3, 3}, ZoriSize{11, 12}, ZoriSize{13, 17}}) {
+            for (ZoriSize roi : {ZoriSize{2, 2}, ZoriSize{3, 3}, ZoriSize{11, 12}, ZoriSize{13, 17}, ZoriSize{151, 10}}) {
                 for (int fill : {-1, 128, 255})
                     expectModel(*m, roi, flipped, 7, [&](Picture& s, Picture& d) {
                         deinterlaced(*m, s, d, roi, 0, roi.height, 0, roi.height);
