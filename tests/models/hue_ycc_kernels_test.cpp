@@ -1,0 +1,21 @@
+// Every PhotoYCC, HLS and HSV vector kernel against its scalar kernel at
+// every CPU target: random rows of every width 1..300 (row ends against a
+// guard page), then the same rows turned into chosen pixels (edges, ties,
+// float special values). Also every team size on rows long enough for
+// whole vectors.
+#include "models/chosen_inputs.h"
+#include "models/hsv_kernels.h"
+#include "models/model_kit.h"
+
+namespace {
+
+MT_CHOSEN_TABLES(zor::HsvKernels, ZOR_HSV_KERNELS, zor::hsvTables, hsvChosen)
+
+#define ZOR_HSV_TEST(name, fn, args)                                          \
+    TEST(HsvKernelSets, name) {                                               \
+        zt::expectVectorsMatchScalar(zor::hsvTables, &zor::HsvKernels::name); \
+        zt::expectVectorsMatchScalar(hsvChosen, &zor::HsvKernels::name);      \
+    }
+ZOR_HSV_KERNELS(ZOR_HSV_TEST)
+
+}  // namespace
