@@ -84,12 +84,12 @@ void oneNan(zor::RowC<Zor32f, N> d, int width) {
     for (float v, *p = d.p; p < d.p + N * width; ++p) std::memcpy(&v, p, 4), v = std::isnan(v) ? NAN : v, std::memcpy(p, &v, 4);
 }
 
-template <auto Tables, int Target, auto Member, class Fn>
+template <bool kRewrite, auto Tables, int Target, auto Member, class Fn>
 struct Chosen;
-template <auto Tables, int Target, auto Member, class In, class Out>
-struct Chosen<Tables, Target, Member, void (*)(In, Out, int)> {
+template <bool kRewrite, auto Tables, int Target, auto Member, class In, class Out>
+struct Chosen<kRewrite, Tables, Target, Member, void (*)(In, Out, int)> {
     static void run(In s, Out d, int width) {
-        if constexpr (zt::detail::RowGeometry<In>::kSamplesPerPixel && sizeof(s.p[0]) > 1) {
+        if constexpr (kRewrite && zt::detail::RowGeometry<In>::kSamplesPerPixel && sizeof(s.p[0]) > 1) {
             using T = std::remove_const_t<std::remove_reference_t<decltype(s.p[0])>>;
             constexpr int kN = zt::detail::RowGeometry<In>::kSamplesPerPixel;
             std::vector<T> in(s.p, s.p + kN * width);
@@ -108,10 +108,11 @@ struct Chosen<Tables, Target, Member, void (*)(In, Out, int)> {
 
 }  // namespace mt
 
-// The chosen-input tables `fn()` of a family's shape list.
-#define MT_WRAP_MEMBER(name, fn, args) t.name = &::mt::Chosen<kTab, kT, &Tb::name, decltype(t.name)>::run;
+// The tables `fn(kRewrite)` of a family's shape list: with chosen inputs, or
+// with the random ones; NaN made one NaN in both.
+#define MT_WRAP_MEMBER(name, fn, args) t.name = &::mt::Chosen<kRewrite, kTab, kT, &Tb::name, decltype(t.name)>::run;
 #define MT_CHOSEN_TABLES(Table, LIST, tables, fn)                                                          \
-    template <int kT>                                                                                      \
+    template <bool kRewrite, int kT>                                                                       \
     Table fn##At() {                                                                                       \
         using Tb = Table;                                                                                  \
         constexpr auto kTab = &tables;                                                                     \
@@ -119,8 +120,10 @@ struct Chosen<Tables, Target, Member, void (*)(In, Out, int)> {
         LIST(MT_WRAP_MEMBER)                                                                               \
         return t;                                                                                          \
     }                                                                                                      \
+    template <bool kRewrite>                                                                               \
     const Table* const* fn() {                                                                             \
-        static const Table t[] = {fn##At<0>(), fn##At<1>(), fn##At<2>(), fn##At<3>(), fn##At<4>()};        \
+        static const Table t[] = {fn##At<kRewrite, 0>(), fn##At<kRewrite, 1>(), fn##At<kRewrite, 2>(),     \
+                                  fn##At<kRewrite, 3>(), fn##At<kRewrite, 4>()};                           \
         static const Table* const p[zor::cpu::kTargetCount] = {t, t + 1, t + 2, t + 3, t + 4};            \
         return p;                                                                                          \
     }

@@ -6,6 +6,7 @@
 #include "models/chosen_inputs.h"
 #include "models/hsv_kernels.h"
 #include "models/model_kit.h"
+#include "models/ycc_kernels.h"
 
 namespace {
 
@@ -13,9 +14,18 @@ MT_CHOSEN_TABLES(zor::HsvKernels, ZOR_HSV_KERNELS, zor::hsvTables, hsvChosen)
 
 #define ZOR_HSV_TEST(name, fn, args)                                          \
     TEST(HsvKernelSets, name) {                                               \
-        zt::expectVectorsMatchScalar(zor::hsvTables, &zor::HsvKernels::name); \
-        zt::expectVectorsMatchScalar(hsvChosen, &zor::HsvKernels::name);      \
+        zt::expectVectorsMatchScalar(hsvChosen<false>, &zor::HsvKernels::name); \
+        zt::expectVectorsMatchScalar(hsvChosen<true>, &zor::HsvKernels::name);    \
     }
 ZOR_HSV_KERNELS(ZOR_HSV_TEST)
+
+MT_CHOSEN_TABLES(zor::YccKernels, ZOR_YCC_KERNELS, zor::yccTables, yccChosen)
+
+#define ZOR_YCC_TEST(name, fn, args)                                          \
+    TEST(YccKernelSets, name) {                                               \
+        zt::expectVectorsMatchScalar(yccChosen<false>, &zor::YccKernels::name); \
+        zt::expectVectorsMatchScalar(yccChosen<true>, &zor::YccKernels::name);    \
+    }
+ZOR_YCC_KERNELS(ZOR_YCC_TEST)
 
 }  // namespace
