@@ -84,14 +84,19 @@ void oneNan(zor::RowC<Zor32f, N> d, int width) {
     for (float v, *p = d.p; p < d.p + N * width; ++p) std::memcpy(&v, p, 4), v = std::isnan(v) ? NAN : v, std::memcpy(p, &v, 4);
 }
 
+template <class R>
+constexpr int kInterleaved = 0;
+template <class T, int N>
+constexpr int kInterleaved<zor::RowC<const T, N>> = sizeof(T) > 1 ? N : 0;
+
 template <bool kRewrite, auto Tables, int Target, auto Member, class Fn>
 struct Chosen;
 template <bool kRewrite, auto Tables, int Target, auto Member, class In, class Out>
 struct Chosen<kRewrite, Tables, Target, Member, void (*)(In, Out, int)> {
     static void run(In s, Out d, int width) {
-        if constexpr (kRewrite && zt::detail::RowGeometry<In>::kSamplesPerPixel && sizeof(s.p[0]) > 1) {
+        if constexpr (kRewrite && kInterleaved<In>) {
             using T = std::remove_const_t<std::remove_reference_t<decltype(s.p[0])>>;
-            constexpr int kN = zt::detail::RowGeometry<In>::kSamplesPerPixel;
+            constexpr int kN = kInterleaved<In>;
             std::vector<T> in(s.p, s.p + kN * width);
             rewrite<T, kN>(in.data(), width);
             kernel()(In{in.data()}, d, width);

@@ -4,6 +4,7 @@
 // float special values). Also every team size on rows long enough for
 // whole vectors.
 #include "models/chosen_inputs.h"
+#include "models/hls_kernels.h"
 #include "models/hsv_kernels.h"
 #include "models/model_kit.h"
 #include "models/ycc_kernels.h"
@@ -18,6 +19,15 @@ MT_CHOSEN_TABLES(zor::HsvKernels, ZOR_HSV_KERNELS, zor::hsvTables, hsvChosen)
         zt::expectVectorsMatchScalar(hsvChosen<true>, &zor::HsvKernels::name);    \
     }
 ZOR_HSV_KERNELS(ZOR_HSV_TEST)
+
+MT_CHOSEN_TABLES(zor::HlsKernels, ZOR_HLS_KERNELS, zor::hlsTables, hlsChosen)
+
+#define ZOR_HLS_TEST(name, fn, args)                                            \
+    TEST(HlsKernelSets, name) {                                                 \
+        zt::expectVectorsMatchScalar(hlsChosen<false>, &zor::HlsKernels::name); \
+        zt::expectVectorsMatchScalar(hlsChosen<true>, &zor::HlsKernels::name);  \
+    }
+ZOR_HLS_KERNELS(ZOR_HLS_TEST)
 
 MT_CHOSEN_TABLES(zor::YccKernels, ZOR_YCC_KERNELS, zor::yccTables, yccChosen)
 
