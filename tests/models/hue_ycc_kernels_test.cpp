@@ -39,3 +39,23 @@ MT_CHOSEN_TABLES(zor::YccKernels, ZOR_YCC_KERNELS, zor::yccTables, yccChosen)
 ZOR_YCC_KERNELS(ZOR_YCC_TEST)
 
 }  // namespace
+
+namespace {
+
+// Team sizes 1 to 4 and a nested region, on rows of whole vectors and a tail
+// at every target.
+TEST(HueYccMembers, SameResultForEveryTeamSize) {
+    for (const mk::Member& m : mk::members()) {
+        const std::string name = m.name;
+        if (name.find("YCC") == std::string::npos && name.find("HLS") == std::string::npos &&
+            name.find("HSV") == std::string::npos)
+            continue;
+        SCOPED_TRACE(m.name);
+        zt::Image<Zor8u> src = mk::source(m, 45, 23, 3);
+        zt::expectTeamIndependent<zt::Image<Zor8u>>(
+            [&] { return mk::image(45, 23, m.ch, m.dstSize, 5); },
+            [&](zt::Image<Zor8u>& d) { ASSERT_EQ(m.fn(src.data(), src.step(), d.data(), d.step(), {45, 23}), zorStsOk); });
+    }
+}
+
+}  // namespace
