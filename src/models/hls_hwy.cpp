@@ -57,7 +57,7 @@ struct VecLayout<HlsPlanes<N, C0, C1, C2>> {
 
 // ---------------------------------------------------------------------------
 // Codecs: samples <-> normalised values (degrees for the hue), as the scalar
-// codecs compute them (the 8u tables hold the very quotients divided here).
+// codecs compute them (the 8u tables hold the very quotients of CodeRatio).
 
 template <class C>
 struct VecCodec;
@@ -65,8 +65,8 @@ struct VecCodec;
 template <class T, class Q>
 struct VecCodec<HlsIntCodec<T, Q>> {
     static constexpr float kScale = kFullF<T>;
-    static HWY_INLINE VF unit(VS<T> v) { return hn::Div(toFloat<T>(v), f(kScale)); }
-    static HWY_INLINE VF degrees(VS<T> v) { return hn::Div(hn::Mul(toFloat<T>(v), f(360.0f)), f(kScale)); }
+    static HWY_INLINE VF unit(VS<T> v) { return CodeRatio<kFull<T>, 1>::of(toFloat<T>(v)); }
+    static HWY_INLINE VF degrees(VS<T> v) { return CodeRatio<kFull<T>, 360>::of(toFloat<T>(v)); }
     static HWY_INLINE VI code(VF v) {
         if constexpr (std::is_same_v<Q, RoundCode>)
             return roundCode(v);

@@ -66,8 +66,8 @@ void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
         loadPixels(src, i, sh, ss, sv);
         const VI hCode = toInt<T>(sh), sCode = toInt<T>(ss), vCode = toInt<T>(sv);
         const VF v = hn::ConvertTo(DF(), vCode);
-        const VF sat = hn::Div(hn::ConvertTo(DF(), sCode), f(scale));
-        const VF sext = hn::Div(hn::Div(hn::Mul(hn::ConvertTo(DF(), hCode), f(360.0f)), f(scale)), f(60.0f));
+        const VF sat = CodeRatio<kFull<T>, 1>::of(hn::ConvertTo(DF(), sCode));
+        const VF sext = hn::Div(CodeRatio<kFull<T>, 360>::of(hn::ConvertTo(DF(), hCode)), f(60.0f));
         const VF hh = hn::IfThenZeroElse(hn::RebindMask(DF(), hn::Eq(hCode, i32(kFull<T>))), sext);
         const VI k = hn::ConvertTo(DI(), hh);
         const VF fr = hn::Sub(hh, hn::ConvertTo(DF(), k));

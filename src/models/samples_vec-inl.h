@@ -109,6 +109,28 @@ HWY_INLINE VS<T> roundStore(VF v) {
         return fromCode<T>(roundCode(v));
 }
 
+// The float quotient (v * Num) / Scale of an integer code v in 0..Scale
+// without a division: v times Num / Scale split into a high part short
+// enough that v * kHi is exact (16 significant bits for 8-bit codes, 8 for
+// 16-bit ones) and a low part, summed with one rounding. For every code the
+// sum is the quotient the division gives (the kernel tests run every code
+// through it).
+template <int Scale, int Num>
+struct CodeRatio {
+    static constexpr double kC = static_cast<double>(Num) / Scale;
+    static constexpr double high(int bits) {
+        double m = kC, s = 1;
+        int e = 0;
+        for (; m < 1; m *= 2) ++e;
+        for (; m >= 2; m /= 2) --e;
+        for (int k = 0; k < bits - 1 + e; ++k) s *= 2;
+        return static_cast<double>(static_cast<long long>(kC * s)) / s;
+    }
+    static constexpr float kHi = static_cast<float>(high(Scale <= 255 ? 16 : 8));
+    static constexpr float kLo = static_cast<float>(kC - static_cast<double>(kHi));
+    static HWY_INLINE VF of(VF v) { return hn::Add(hn::Mul(v, f(kHi)), hn::Mul(v, f(kLo))); }
+};
+
 // ---------------------------------------------------------------------------
 // Rows: pixel i onwards, and channels 0..2 of whole vectors of pixels (the
 // fourth sample of an N = 4 row is neither read nor changed: it is stored

@@ -59,3 +59,27 @@ TEST(HueYccMembers, SameResultForEveryTeamSize) {
 }
 
 }  // namespace
+
+namespace {
+
+// Every 16-bit code in every channel (pixel v holds v, v ^ 0x5555 and
+// 65535 - v): the vector kernels turn codes into floats without dividing.
+template <class Table, class T, int N>
+void expectEveryCode(const Table* const* (*tables)(), void (*Table::*member)(zor::RowC<const T, N>, zor::RowC<T, N>, int)) {
+    std::vector<T> src(3 * 65536), want(src.size()), got(src.size());
+    for (int v = 0; v < 65536; ++v) src[3 * v] = T(v), src[3 * v + 1] = T(v ^ 0x5555), src[3 * v + 2] = T(65535 - v);
+    (tables()[zor::cpu::kScalar]->*member)({src.data()}, {want.data()}, 65536);
+    for (zor::cpu::Target t : zt::vectorTargets()) {
+        if (!tables()[t]) continue;
+        (tables()[t]->*member)({src.data()}, {got.data()}, 65536);
+        EXPECT_TRUE(got == want) << zor::cpu::name(t);
+    }
+}
+
+TEST(HueYccKernelSets, EverySixteenBitCode) {
+    for (auto m : {&zor::HlsKernels::toHls16uC3, &zor::HlsKernels::toRgb16uC3}) expectEveryCode(zor::hlsTables, m);
+    for (auto m : {&zor::HlsKernels::toHls16sC3, &zor::HlsKernels::toRgb16sC3}) expectEveryCode(zor::hlsTables, m);
+    for (auto m : {&zor::HsvKernels::toHsv16C3, &zor::HsvKernels::toRgb16C3}) expectEveryCode(zor::hsvTables, m);
+}
+
+}  // namespace
