@@ -58,7 +58,6 @@ void rgbToHsv(RowC<const T, N> src, RowC<T, N> dst, int width) {
 // anything above it as the scalar kernel's default case).
 template <class T, int N>
 void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
-    constexpr float scale = kFullF<T>;
     const std::size_t n = hn::Lanes(DF());
     std::size_t i = 0;
     for (; i + n <= static_cast<std::size_t>(width); i += n) {
