@@ -25,16 +25,16 @@ struct VecLayout;
 template <int Stride, int C0, int C1, int C2, bool Alpha>
 struct VecLayout<HlsChans<Stride, C0, C1, C2, Alpha>> {
     template <class T>
-    static HWY_INLINE void load(RowC<const T, Stride> r, std::size_t i, VS<T> c[4]) {
-        VS<T> v[4];
+    static HWY_INLINE void load(RowC<const T, Stride> r, std::size_t i, VW<T> c[4]) {
+        VW<T> v[4];
         loadRaw<Stride>(r.p + Stride * i, v);
         c[0] = v[C0], c[1] = v[C1], c[2] = v[C2];
         if constexpr (Stride == 4) c[3] = v[3];
     }
-    // copyAlpha: c[3] is the fourth sample; otherwise it stays as it is.
+    // kCopyAlpha: c[3] is the fourth sample; otherwise it stays as it is.
     template <bool kCopyAlpha, class T>
-    static HWY_INLINE void store(RowC<T, Stride> r, std::size_t i, const VS<T> c[4]) {
-        VS<T> v[4];
+    static HWY_INLINE void store(RowC<T, Stride> r, std::size_t i, const VW<T> c[4]) {
+        VW<T> v[4];
         if constexpr (Stride == 4 && !kCopyAlpha) loadRaw<4>(r.p + 4 * i, v);
         if constexpr (Stride == 4 && kCopyAlpha) v[3] = c[3];
         v[C0] = c[0], v[C1] = c[1], v[C2] = c[2];
@@ -46,12 +46,24 @@ template <int N, int C0, int C1, int C2>
 struct VecLayout<HlsPlanes<N, C0, C1, C2>> {
     static constexpr int kAt[4] = {C0, C1, C2, 3};
     template <class T, class R>
-    static HWY_INLINE void load(R r, std::size_t i, VS<T> c[4]) {
-        for (int k = 0; k < N; ++k) c[k] = hn::LoadU(DS<T>(), r.p[kAt[k]] + i);
+    static HWY_INLINE void load(R r, std::size_t i, VW<T> c[4]) {
+        for (int k = 0; k < N; ++k) c[k] = hn::LoadU(DW<T>(), r.p[kAt[k]] + i);
     }
     template <bool kCopyAlpha, class T, class R>
-    static HWY_INLINE void store(R r, std::size_t i, const VS<T> c[4]) {
-        for (int k = 0; k < (kCopyAlpha ? 4 : 3); ++k) hn::StoreU(c[k], DS<T>(), r.p[kAt[k]] + i);
+    static HWY_INLINE void store(R r, std::size_t i, const VW<T> c[4]) {
+        for (int k = 0; k < (kCopyAlpha ? 4 : 3); ++k) hn::StoreU(c[k], DW<T>(), r.p[kAt[k]] + i);
+    }
+};
+
+// The source and destination rows of a kernel in their layouts; alpha is
+// copied where both carry it.
+template <class T, class SL, class DL>
+struct LayoutIo {
+    typename SL::template Row<const T> s;
+    typename DL::template Row<T> d;
+    HWY_INLINE void load(std::size_t i, VW<T> c[4]) const { VecLayout<SL>::template load<T>(s, i, c); }
+    HWY_INLINE void store(std::size_t i, const VW<T> c[4]) const {
+        VecLayout<DL>::template store<SL::kAlpha && DL::kAlpha, T>(d, i, c);
     }
 };
 
@@ -65,16 +77,16 @@ struct VecCodec;
 template <class T, class Q>
 struct VecCodec<HlsIntCodec<T, Q>> {
     static constexpr float kScale = kFullF<T>;
-    static HWY_INLINE VF unit(VS<T> v) { return CodeRatio<kFull<T>, 1>::of(toFloat<T>(v)); }
-    static HWY_INLINE VF degrees(VS<T> v) { return CodeRatio<kFull<T>, 360>::of(toFloat<T>(v)); }
+    static HWY_INLINE VF unit(VI v) { return CodeRatio<kFull<T>, 1>::of(toFloat(v)); }
+    static HWY_INLINE VF degrees(VI v) { return CodeRatio<kFull<T>, 360>::of(toFloat(v)); }
     static HWY_INLINE VI code(VF v) {
         if constexpr (std::is_same_v<Q, RoundCode>)
             return roundCode(v);
         else
             return floorCode(v);
     }
-    static HWY_INLINE VS<T> hue(VF h) { return fromCode<T>(code(hn::Div(hn::Mul(h, f(kScale)), f(360.0f)))); }
-    static HWY_INLINE VS<T> level(VF v) { return fromCode<T>(code(hn::Mul(v, f(kScale)))); }
+    static HWY_INLINE VI hue(VF h) { return code(hn::Div(hn::Mul(h, f(kScale)), f(360.0f))); }
+    static HWY_INLINE VI level(VF v) { return code(hn::Mul(v, f(kScale))); }
 };
 
 template <>
@@ -93,12 +105,8 @@ void rgbToHls(typename SL::template Row<const typename Codec::Sample> s,
               typename DL::template Row<typename Codec::Sample> d, int width) {
     using T = typename Codec::Sample;
     using C = VecCodec<Codec>;
-    const std::size_t n = hn::Lanes(DF());
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        VS<T> in[4], out[4];
-        VecLayout<SL>::template load<T>(s, i, in);
-        const VF r = C::unit(in[0]), g = C::unit(in[1]), b = C::unit(in[2]);
+    const auto body = [](const Lane<T>* x, Lane<T>* y) {
+        const VF r = C::unit(x[0]), g = C::unit(x[1]), b = C::unit(x[2]);
         VF mx = r, mn = r;
         mx = pick(hn::Gt(g, mx), g, mx);
         mx = pick(hn::Gt(b, mx), b, mx);
@@ -114,12 +122,11 @@ void rgbToHls(typename SL::template Row<const typename Codec::Sample> s,
         VF h = hn::Div(hn::Mul(hn::Sub(p, q), f(60.0f)), dd);
         h = pick(red, h, hn::Add(h, pick(blue, f(240.0f), f(120.0f))));
         h = pick(hn::Lt(h, f(0.0f)), hn::Add(h, f(360.0f)), h);
-        out[0] = C::hue(hn::IfThenElseZero(chromatic, h));
-        out[1] = C::level(l);
-        out[2] = C::level(hn::IfThenElseZero(chromatic, sat));
-        if constexpr (SL::kAlpha && DL::kAlpha) out[3] = in[3];
-        VecLayout<DL>::template store<SL::kAlpha && DL::kAlpha, T>(d, i, out);
-    }
+        y[0] = C::hue(hn::IfThenElseZero(chromatic, h));
+        y[1] = C::level(l);
+        y[2] = C::level(hn::IfThenElseZero(chromatic, sat));
+    };
+    const std::size_t i = eachVector<T>(width, LayoutIo<T, SL, DL>{s, d}, body);
     ::zor::rgbToHls<Codec, SL, DL>(from(s, i), from(d, i), width - static_cast<int>(i));
 }
 
@@ -137,12 +144,8 @@ void hlsToRgb(typename SL::template Row<const typename Codec::Sample> s,
               typename DL::template Row<typename Codec::Sample> d, int width) {
     using T = typename Codec::Sample;
     using C = VecCodec<Codec>;
-    const std::size_t n = hn::Lanes(DF());
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        VS<T> in[4], out[4];
-        VecLayout<SL>::template load<T>(s, i, in);
-        const VF h = C::degrees(in[0]), l = C::unit(in[1]), sat = C::unit(in[2]);
+    const auto body = [](const Lane<T>* x, Lane<T>* y) {
+        const VF h = C::degrees(x[0]), l = C::unit(x[1]), sat = C::unit(x[2]);
         const VF m2 = pick(hn::Gt(l, f(0.5f)), hn::Sub(hn::Add(l, sat), hn::Mul(l, sat)),
                            hn::Mul(l, hn::Add(f(1.0f), sat)));
         const VF m1 = hn::Sub(hn::Mul(f(2.0f), l), m2);
@@ -151,12 +154,11 @@ void hlsToRgb(typename SL::template Row<const typename Codec::Sample> s,
         VF hb = hn::Sub(h, f(120.0f));
         hb = pick(hn::Lt(hb, f(0.0f)), hn::Add(hb, f(360.0f)), hb);
         const MF gray = hn::Eq(sat, f(0.0f));
-        out[0] = C::level(pick(gray, l, ramp(m1, m2, hr)));
-        out[1] = C::level(pick(gray, l, ramp(m1, m2, h)));
-        out[2] = C::level(pick(gray, l, ramp(m1, m2, hb)));
-        if constexpr (SL::kAlpha && DL::kAlpha) out[3] = in[3];
-        VecLayout<DL>::template store<SL::kAlpha && DL::kAlpha, T>(d, i, out);
-    }
+        y[0] = C::level(pick(gray, l, ramp(m1, m2, hr)));
+        y[1] = C::level(pick(gray, l, ramp(m1, m2, h)));
+        y[2] = C::level(pick(gray, l, ramp(m1, m2, hb)));
+    };
+    const std::size_t i = eachVector<T>(width, LayoutIo<T, SL, DL>{s, d}, body);
     ::zor::hlsToRgb<Codec, SL, DL>(from(s, i), from(d, i), width - static_cast<int>(i));
 }
 

@@ -21,36 +21,31 @@ namespace HWY_NAMESPACE {
 // zero leaves the other operand as it is.
 template <class T, int N>
 void rgbToHsv(RowC<const T, N> src, RowC<T, N> dst, int width) {
-    constexpr float scale = kFullF<T>;
-    const std::size_t n = hn::Lanes(DF());
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        VS<T> sr, sg, sb;
-        loadPixels(src, i, sr, sg, sb);
-        const VI r = toInt<T>(sr), g = toInt<T>(sg), b = toInt<T>(sb);
+    const auto body = [](const VI* x, VI* y) {
+        const VI r = x[0], g = x[1], b = x[2];
         const VI mx = hn::Max(hn::Max(r, g), b), mn = hn::Min(hn::Min(r, g), b);
-        const MI chroma = hn::Ne(mx, mn);
-        const VF delta = hn::ConvertTo(DF(), hn::Sub(mx, mn));
-        const VI sCode = roundCode(hn::Mul(hn::Div(delta, hn::ConvertTo(DF(), mx)), f(scale)));
+        const MI chroma = hn::Not(hn::Eq(mx, mn));
+        const VF delta = toFloat(hn::Sub(mx, mn));
+        const VI sCode = roundCode(hn::Mul(hn::Div(delta, toFloat(mx)), f(kFullF<T>)));
         const VF inv = hn::Div(f(1.0f), delta);
         const MI blue = hn::Eq(b, mx), green = hn::AndNot(blue, hn::Eq(g, mx));
-        const VI zero = hn::Zero(DI());
         const VI a = hn::IfThenElseZero(blue, hn::Sub(mx, r));
         const VI c = pick(blue, hn::Sub(mx, g), pick(green, hn::Sub(b, r), hn::Sub(g, b)));
-        const VI base = pick(blue, i32(4), pick(green, i32(2), zero));
-        const auto asF = [](VI v) { return hn::ConvertTo(DF(), v); };
-        VF h = hn::Add(hn::Sub(asF(base), hn::Mul(asF(a), inv)), hn::Mul(asF(c), inv));
-        VF x;
+        const VI base = pick(blue, i32(4), pick(green, i32(2), hn::Zero(DI())));
+        VF h = hn::Add(hn::Sub(toFloat(base), hn::Mul(toFloat(a), inv)), hn::Mul(toFloat(c), inv));
+        VF code;
         if constexpr (sizeof(T) == 1) {
-            x = hn::Div(hn::Mul(h, f(scale)), f(6.0f));
-            x = pick(hn::Lt(x, f(0.0f)), hn::Add(x, f(255.0f)), x);
+            code = hn::Div(hn::Mul(h, f(kFullF<T>)), f(6.0f));
+            code = pick(hn::Lt(code, f(0.0f)), hn::Add(code, f(255.0f)), code);
         } else {
             h = pick(hn::Lt(hn::Add(h, f(kFltEpsilon)), f(0.0f)), hn::Add(h, f(6.0f)), h);
-            x = hn::Div(hn::Mul(h, f(scale)), f(6.0f));
+            code = hn::Div(hn::Mul(h, f(kFullF<T>)), f(6.0f));
         }
-        const VI hCode = hn::IfThenElseZero(chroma, roundCode(x));
-        storePixels(dst, i, fromCode<T>(hCode), fromCode<T>(hn::IfThenElseZero(chroma, sCode)), fromCode<T>(mx));
-    }
+        y[0] = hn::IfThenElseZero(chroma, roundCode(code));
+        y[1] = hn::IfThenElseZero(chroma, sCode);
+        y[2] = mx;
+    };
+    const std::size_t i = eachVector<T>(width, Interleaved<T, N>{src, dst}, body);
     ::zor::rgbToHsv<T, N>(from(src, i), from(dst, i), width - static_cast<int>(i));
 }
 
@@ -58,18 +53,14 @@ void rgbToHsv(RowC<const T, N> src, RowC<T, N> dst, int width) {
 // anything above it as the scalar kernel's default case).
 template <class T, int N>
 void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
-    const std::size_t n = hn::Lanes(DF());
-    std::size_t i = 0;
-    for (; i + n <= static_cast<std::size_t>(width); i += n) {
-        VS<T> sh, ss, sv;
-        loadPixels(src, i, sh, ss, sv);
-        const VI hCode = toInt<T>(sh), sCode = toInt<T>(ss), vCode = toInt<T>(sv);
-        const VF v = hn::ConvertTo(DF(), vCode);
-        const VF sat = CodeRatio<kFull<T>, 1>::of(hn::ConvertTo(DF(), sCode));
-        const VF sext = hn::Div(CodeRatio<kFull<T>, 360>::of(hn::ConvertTo(DF(), hCode)), f(60.0f));
+    const auto body = [](const VI* x, VI* y) {
+        const VI hCode = x[0], sCode = x[1], vCode = x[2];
+        const VF v = toFloat(vCode);
+        const VF sat = CodeRatio<kFull<T>, 1>::of(toFloat(sCode));
+        const VF sext = hn::Div(CodeRatio<kFull<T>, 360>::of(toFloat(hCode)), f(60.0f));
         const VF hh = hn::IfThenZeroElse(hn::RebindMask(DF(), hn::Eq(hCode, i32(kFull<T>))), sext);
         const VI k = hn::ConvertTo(DI(), hh);
-        const VF fr = hn::Sub(hh, hn::ConvertTo(DF(), k));
+        const VF fr = hn::Sub(hh, toFloat(k));
         const VF one = f(1.0f);
         const VF p = hn::Mul(hn::Sub(one, sat), v);
         const VF q = hn::Mul(hn::Sub(one, hn::Mul(sat, fr)), v);
@@ -80,9 +71,11 @@ void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
         const VF g = pick(k0, t, pick(hn::Or(k1, k2), v, pick(k3, q, p)));
         const VF b = pick(hn::Or(k0, k1), p, pick(k2, t, pick(hn::Or(k3, k4), v, q)));
         const MI gray = hn::Eq(sCode, hn::Zero(DI()));
-        const auto code = [&](VF c) { return fromCode<T>(pick(gray, vCode, roundCode(c))); };
-        storePixels(dst, i, code(r), code(g), code(b));
-    }
+        y[0] = pick(gray, vCode, roundCode(r));
+        y[1] = pick(gray, vCode, roundCode(g));
+        y[2] = pick(gray, vCode, roundCode(b));
+    };
+    const std::size_t i = eachVector<T>(width, Interleaved<T, N>{src, dst}, body);
     ::zor::hsvToRgb<T, N>(from(src, i), from(dst, i), width - static_cast<int>(i));
 }
 
