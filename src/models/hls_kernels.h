@@ -1,11 +1,13 @@
 // Row kernels of RGB/BGR <-> HLS: the colour arithmetic (written once, in
 // float on values normalised to 0..1), the sample codecs of each type and
 // quantiser, the pixel layouts (which also give the channel order: RGB, BGR,
-// HLS), and one forward and one inverse kernel over them.
+// HLS), and one forward and one inverse kernel over them. The shapes are
+// listed at the end; their vector kernels are in models/hls_hwy.cpp.
 #pragma once
 
-#include "models/common.h"
 #include "core/image.h"
+#include "core/kernel_set.h"
+#include "models/common.h"
 
 namespace zor {
 
@@ -168,5 +170,60 @@ void hlsToRgb(typename SL::template Row<const typename Codec::Sample> s,
         if constexpr (SL::kAlpha && DL::kAlpha) DL::at(d, 3, i) = SL::at(s, 3, i);
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+// The RGB family rounds its codes; the BGR family floors them, except its
+// interleaved BGRA forward member.
+template <class T>
+using HlsRound = std::conditional_t<std::is_same_v<T, Zor32f>, HlsFloatCodec, HlsIntCodec<T, RoundCode>>;
+using HlsFloor8u = HlsIntCodec<Zor8u, FloorCode>;
+
+// Layouts of the BGR family: interleaved (C3, C4 with alpha, AC4 with an
+// untouched fourth byte) or planar, on the BGR and on the HLS side.
+using BgrC3 = HlsChans<3, 2, 1, 0>;
+using BgrC4 = HlsChans<4, 2, 1, 0, true>;
+using BgrAC4 = HlsChans<4, 2, 1, 0>;
+using BgrP3 = HlsPlanes<3, 2, 1, 0>;
+using BgrP4 = HlsPlanes<4, 2, 1, 0>;
+using HlsC3 = HlsChans<3>;
+using HlsC4 = HlsChans<4, 0, 1, 2, true>;
+using HlsAC4 = HlsChans<4>;
+using HlsP3 = HlsPlanes<3>;
+using HlsP4 = HlsPlanes<4>;
+
+#define ZOR_HLS_KERNELS(X)                                          \
+    X(toHls8C3, rgbToHls, (HlsRound<Zor8u>, HlsC3, HlsC3))          \
+    X(toHls8AC4, rgbToHls, (HlsRound<Zor8u>, HlsAC4, HlsAC4))       \
+    X(toRgb8C3, hlsToRgb, (HlsRound<Zor8u>, HlsC3, HlsC3))          \
+    X(toRgb8AC4, hlsToRgb, (HlsRound<Zor8u>, HlsAC4, HlsAC4))       \
+    X(toHls16uC3, rgbToHls, (HlsRound<Zor16u>, HlsC3, HlsC3))       \
+    X(toHls16uAC4, rgbToHls, (HlsRound<Zor16u>, HlsAC4, HlsAC4))    \
+    X(toRgb16uC3, hlsToRgb, (HlsRound<Zor16u>, HlsC3, HlsC3))       \
+    X(toRgb16uAC4, hlsToRgb, (HlsRound<Zor16u>, HlsAC4, HlsAC4))    \
+    X(toHls16sC3, rgbToHls, (HlsRound<Zor16s>, HlsC3, HlsC3))       \
+    X(toHls16sAC4, rgbToHls, (HlsRound<Zor16s>, HlsAC4, HlsAC4))    \
+    X(toRgb16sC3, hlsToRgb, (HlsRound<Zor16s>, HlsC3, HlsC3))       \
+    X(toRgb16sAC4, hlsToRgb, (HlsRound<Zor16s>, HlsAC4, HlsAC4))    \
+    X(toHls32fC3, rgbToHls, (HlsRound<Zor32f>, HlsC3, HlsC3))       \
+    X(toHls32fAC4, rgbToHls, (HlsRound<Zor32f>, HlsAC4, HlsAC4))    \
+    X(toRgb32fC3, hlsToRgb, (HlsRound<Zor32f>, HlsC3, HlsC3))       \
+    X(toRgb32fAC4, hlsToRgb, (HlsRound<Zor32f>, HlsAC4, HlsAC4))    \
+    X(bgrToHlsAC4, rgbToHls, (HlsRound<Zor8u>, BgrAC4, HlsAC4))     \
+    X(bgrToHlsAP4, rgbToHls, (HlsFloor8u, BgrP4, HlsP4))            \
+    X(bgrToHlsAP4C4, rgbToHls, (HlsFloor8u, BgrP4, HlsC4))          \
+    X(bgrToHlsAC4P4, rgbToHls, (HlsFloor8u, BgrC4, HlsP4))          \
+    X(bgrToHlsP3, rgbToHls, (HlsFloor8u, BgrP3, HlsP3))             \
+    X(bgrToHlsP3C3, rgbToHls, (HlsFloor8u, BgrP3, HlsC3))           \
+    X(bgrToHlsC3P3, rgbToHls, (HlsFloor8u, BgrC3, HlsP3))           \
+    X(hlsToBgrAP4, hlsToRgb, (HlsFloor8u, HlsP4, BgrP4))            \
+    X(hlsToBgrAP4C4, hlsToRgb, (HlsFloor8u, HlsP4, BgrC4))          \
+    X(hlsToBgrAC4P4, hlsToRgb, (HlsFloor8u, HlsC4, BgrP4))          \
+    X(hlsToBgrP3, hlsToRgb, (HlsFloor8u, HlsP3, BgrP3))             \
+    X(hlsToBgrP3C3, hlsToRgb, (HlsFloor8u, HlsP3, BgrC3))           \
+    X(hlsToBgrC3P3, hlsToRgb, (HlsFloor8u, HlsC3, BgrP3))
+
+ZOR_KERNEL_TABLE(HlsKernels, ZOR_HLS_KERNELS, kHlsScalar, hlsTables, HlsK)
 
 }  // namespace zor

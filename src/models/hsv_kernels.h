@@ -1,9 +1,11 @@
 // Row kernels of RGB <-> HSV, 8u and 16u. V is the largest sample itself;
 // the hue is computed in sextants (0..6) and stored on the full code scale.
 // N is the samples per pixel: 3, or 4 with the fourth neither read nor
-// written.
+// written. The shapes are listed at the end; their vector kernels are in
+// models/hsv_hwy.cpp.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "models/common.h"
 
 namespace zor {
@@ -99,5 +101,20 @@ void hsvToRgb(RowC<const T, N> src, RowC<T, N> dst, int width) {
         d[2] = static_cast<T>(RoundCode::code(b));
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_HSV_KERNELS(X)                 \
+    X(toHsv8C3, rgbToHsv, (Zor8u, 3))      \
+    X(toHsv8AC4, rgbToHsv, (Zor8u, 4))     \
+    X(toRgb8C3, hsvToRgb, (Zor8u, 3))      \
+    X(toRgb8AC4, hsvToRgb, (Zor8u, 4))     \
+    X(toHsv16C3, rgbToHsv, (Zor16u, 3))    \
+    X(toHsv16AC4, rgbToHsv, (Zor16u, 4))   \
+    X(toRgb16C3, hsvToRgb, (Zor16u, 3))    \
+    X(toRgb16AC4, hsvToRgb, (Zor16u, 4))
+
+ZOR_KERNEL_TABLE(HsvKernels, ZOR_HSV_KERNELS, kHsvScalar, hsvTables, HsvK)
 
 }  // namespace zor

@@ -1,7 +1,9 @@
 // Row kernels of RGB <-> PhotoYCC. N is the samples per pixel: 3, or 4 with
-// the fourth neither read nor written.
+// the fourth neither read nor written. The shapes are listed at the end;
+// their vector kernels are in models/ycc_hwy.cpp.
 #pragma once
 
+#include "core/kernel_set.h"
 #include "models/common.h"
 
 namespace zor {
@@ -96,5 +98,28 @@ void yccToRgb(RowC<const T, N> s, RowC<T, N> d, int width) {
         q[2] = saturateStore<T>(l + d1);
     }
 }
+
+// ---------------------------------------------------------------------------
+// The shapes: X(member, kernel template, (template arguments)).
+
+#define ZOR_YCC_KERNELS(X)                        \
+    X(toYcc8C3, rgbToYcc8, (3))                   \
+    X(toYcc8AC4, rgbToYcc8, (4))                  \
+    X(toRgb8C3, yccToRgb8, (3))                   \
+    X(toRgb8AC4, yccToRgb8, (4))                  \
+    X(toYcc16uC3, rgbToYcc16u, (3))               \
+    X(toYcc16uAC4, rgbToYcc16u, (4))              \
+    X(toRgb16uC3, yccToRgb, (Zor16u, 3))          \
+    X(toRgb16uAC4, yccToRgb, (Zor16u, 4))         \
+    X(toYcc16sC3, rgbToYccModel, (Zor16s, 3))     \
+    X(toYcc16sAC4, rgbToYccModel, (Zor16s, 4))    \
+    X(toRgb16sC3, yccToRgb, (Zor16s, 3))          \
+    X(toRgb16sAC4, yccToRgb, (Zor16s, 4))         \
+    X(toYcc32fC3, rgbToYccModel, (Zor32f, 3))     \
+    X(toYcc32fAC4, rgbToYccModel, (Zor32f, 4))    \
+    X(toRgb32fC3, yccToRgb, (Zor32f, 3))          \
+    X(toRgb32fAC4, yccToRgb, (Zor32f, 4))
+
+ZOR_KERNEL_TABLE(YccKernels, ZOR_YCC_KERNELS, kYccScalar, yccTables, YccK)
 
 }  // namespace zor
