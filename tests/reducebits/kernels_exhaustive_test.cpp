@@ -1,10 +1,7 @@
-// Exhaustive sweeps: the ordered dither kernels over every 8u RGB triple and 16-bit sample at every CPU target; the plain
-// tables over every sample at every 8-bit level count and at 16-bit ones up to 65536. m = 60909 is one of the two
-// 16-bit level counts whose levels (k * step just below an integer) need the bias.
+// Exhaustive: ordered dither kernels over every 8u triple and 16-bit sample at every target (m = 60909: one of two 16-bit
+// m whose levels need the bias); plain tables over every sample at every 8-bit level count, 16-bit ones up to 65536.
 #include "reducebits/kernels.h"
 #include "support/kernel_harness.h"
-
-#include <vector>
 
 namespace {
 using namespace zor;

@@ -3,7 +3,6 @@
 #include "reducebits/kernels.h"
 #include "support/kernel_harness.h"
 
-#include <algorithm>
 #include <cmath>
 namespace {
 using namespace zor;
@@ -40,7 +39,7 @@ const RbKernels* kernelsOf() { return rbTables()[T] ? rbTables()[T] : rbTables()
 template <int T, auto Member, class Tr, int N, class... X>
 void onSane(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, X... x) {
     std::vector<Zor32f> f(s.p, s.p + static_cast<std::size_t>(width) * N);
-    std::transform(f.begin(), f.end(), f.begin(), saneFloat);
+    for (Zor32f& v : f) v = saneFloat(v);
     (kernelsOf<T>()->*Member)({f.data()}, d, width, x...);
 }
 template <int T, auto Member, class Tr, int Ch, int N, class... Th>
