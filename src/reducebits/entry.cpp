@@ -127,6 +127,34 @@ ZorStatus diffuse(ZoriSize roi, const Src& src, const Dst& dst, int m, int noise
 }
 
 // ---------------------------------------------------------------------------
+// Plain quantisation, serial. 32f sources have vector kernels; 8-bit and
+// 16-bit sources look their samples up in a table quantised once per call
+// (256 entries on the stack, or 65536 from the allocator when the image has
+// enough samples to repay filling them).
+template <class Tr, int Ch, class Images>
+ZorStatus plain(ZoriSize roi, const Images& images, int m) {
+    constexpr int N = std::tuple_element_t<0, Images>::kSamples;
+    using D = typename Tr::Dst;
+    if constexpr (Tr::kFloatSrc) {
+        return Rows<Serial, RbKernel<&plainRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<int>{m}));
+    } else {
+        using K = ScalarKernel<&plainLookupRow<Tr, Ch, N>>;
+        if constexpr (Tr::kByteSrc) {
+            D table[kPlainTableSize<Tr>];
+            fillPlainTable<Tr>(table, m);
+            return Rows<Serial, K>::run(roi, images, std::make_tuple(Value<const D*>{table}));
+        } else {
+            if (static_cast<std::int64_t>(roi.width) * roi.height * Ch < kPlainTableSize<Tr> / 2)
+                return Rows<Serial, ScalarKernel<&plainRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<int>{m}));
+            Block<D> table(kPlainTableSize<Tr>);
+            if (!table) return zorStsNoMemory;
+            fillPlainTable<Tr>(table.get(), m);
+            return Rows<Serial, K>::run(roi, images, std::make_tuple(Value<const D*>{table.get()}));
+        }
+    }
+}
+
+// ---------------------------------------------------------------------------
 // Ordered dither: the matrix entry, plus noise between -noise and +noise
 // percent, times the step.
 template <class Tr, int Ch, class Images>
@@ -134,14 +162,14 @@ ZorStatus bayer(ZoriSize roi, const Images& images, int m, int noise) {
     constexpr int N = std::tuple_element_t<0, Images>::kSamples;
     const Quant q = Tr::quant(m);
     if (noise == 0) {
-        using K = ScalarKernel<&bayerRow<Tr, Ch, N, BayerMatrix>>;
+        using K = RbKernel<&bayerRow<Tr, Ch, N, BayerMatrix>>;
         const auto extras = std::make_tuple(Value<Quant>{q}, Value<BayerMatrix>{BayerMatrix(q.step)});
         return Rows<Parallel, K, RowIndex>::run(roi, images, extras);
     }
     NoiseTables tables;
     const float amount = static_cast<float>(noise) / 100.0f;
     if (tables.init(-amount, amount) != zorStsOk) return zorStsNoMemory;
-    using K = ScalarKernel<&bayerRow<Tr, Ch, N, BayerNoise>>;
+    using K = RbKernel<&bayerRow<Tr, Ch, N, BayerNoise>>;
     const auto extras = std::make_tuple(Value<Quant>{q}, Value<BayerNoise>{{&tables, q.step}});
     return Rows<Parallel, K, RowIndex>::run(roi, images, extras);
 }
@@ -160,14 +188,13 @@ struct Reduce {
     static ZorStatus run(ZoriSize roi, const Images& images, const Extras& extras) {
         const auto& [src, dst] = images;
         using Tr = TraitsOf<std::decay_t<decltype(src)>, std::decay_t<decltype(dst)>>;
-        constexpr int N = std::decay_t<decltype(src)>::kSamples;
         const auto& [noise, method, levels] = extras;
         const int m = levels.v - 1;
         const auto s = inElements(src);
         const auto d = inElements(dst);
         switch (method.v) {
             case zorDitherNone:  // noise is ignored
-                return Rows<Serial, ScalarKernel<&plainRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<int>{m}));
+                return plain<Tr, Ch>(roi, images, m);
             case zorDitherFS: return diffuse<Tr, Ch, Fs>(roi, s, d, m, noise.v);
             case zorDitherJJN: return diffuse<Tr, Ch, TwoRows<Jjn>>(roi, s, d, m, noise.v);
             case zorDitherStucki: return diffuse<Tr, Ch, TwoRows<Stucki>>(roi, s, d, m, noise.v);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/image.h"
+#include "core/kernel_set.h"
 #include "reducebits/reducebits.h"
 
 #include <cstdint>
@@ -23,18 +24,40 @@ using DstRow = RowC<typename Tr::Dst, N>;
 // interval rounds down, and m * (1/m) falling below 1 in single precision
 // makes the top input give 254 for some level counts on 8-bit destinations;
 // both are kept as they are.
-template <class Tr, int Ch, int N>
-void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
+template <class Tr>
+inline typename Tr::Dst plainSample(typename Tr::Src s, int m) {
     const float mf = static_cast<float>(m);
     const float inv = 1.0f / mf;
     const float half = 0.5f * inv;
+    const float v = Tr::plainValue(s);
+    float q = static_cast<float>(Tr::toInt(mf * v)) * inv;
+    if (v - q > half) q = q + inv;
+    return Tr::store(Tr::clampTop(Tr::toInt(q * Tr::kDstScale)));
+}
+
+template <class Tr, int Ch, int N>
+void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
     for (int x = 0; x < width; ++x, s.p += N, d.p += N)
-        for (int c = 0; c < Ch; ++c) {
-            const float v = Tr::plainValue(s.p[c]);
-            float q = static_cast<float>(Tr::toInt(mf * v)) * inv;
-            if (v - q > half) q = q + inv;
-            d.p[c] = Tr::store(Tr::clampTop(Tr::toInt(q * Tr::kDstScale)));
-        }
+        for (int c = 0; c < Ch; ++c) d.p[c] = plainSample<Tr>(s.p[c], m);
+}
+
+// 8-bit and 16-bit sources: the result depends only on the sample and m, so
+// a call quantises every possible sample once into a table (indexed by the
+// sample on the unsigned scale) and the rows look it up.
+template <class Tr>
+inline constexpr int kPlainTableSize = Tr::kByteSrc ? 256 : 65536;
+
+template <class Tr>
+void fillPlainTable(typename Tr::Dst* table, int m) {
+    using S = typename Tr::Src;
+    for (int u = 0; u < kPlainTableSize<Tr>; ++u) table[u] = plainSample<Tr>(static_cast<S>(Offset16<S>::out(u)), m);
+}
+
+template <class Tr, int Ch, int N>
+void plainLookupRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, const typename Tr::Dst* table) {
+    using S = typename Tr::Src;
+    for (int x = 0; x < width; ++x, s.p += N, d.p += N)
+        for (int c = 0; c < Ch; ++c) d.p[c] = table[Offset16<S>::in(s.p[c])];
 }
 
 // ---------------------------------------------------------------------------
@@ -56,6 +79,7 @@ inline int bayerIndex(int x, int y) { return (y & 3) * 4 + (x & 3); }
 // The matrix scaled by the step once per call.
 struct BayerMatrix {
     float t[16];
+    BayerMatrix() = default;
     explicit BayerMatrix(float step) {
         for (int i = 0; i < 16; ++i) t[i] = kBayer.t[i] * step;
     }
@@ -69,10 +93,19 @@ struct BayerNoise {
     float operator()(int x, int y) const { return (kBayer.t[bayerIndex(x, y)] + noise->at(x, y)) * step; }
 };
 
+// A threshold source seen from column x0 of the row on (the tail of a row
+// that a vector kernel hands to the scalar kernel).
+template <class Th>
+struct FromColumn {
+    Th th;
+    int x0;
+    float operator()(int x, int y) const { return th(x + x0, y); }
+};
+
 // All channels of a pixel share its threshold. 16-bit sources clamp to the
 // destination range; 8u and 32f store the low bits of the level.
 template <class Tr, int Ch, int N, class Th>
-void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, const Quant& q, const Th& th) {
+void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th) {
     for (int x = 0; x < width; ++x, s.p += N, d.p += N) {
         const float t = th(x, y);
         for (int c = 0; c < Ch; ++c) {
@@ -200,5 +233,49 @@ struct TwoRows {
     template <class Tr, int N, class Th>
     static constexpr auto kernel = &twoRowsRow<Tr, W, N, Th>;
 };
+
+// ---------------------------------------------------------------------------
+// The shapes with vector kernels (reducebits/reducebits_hwy.cpp): plain
+// quantisation of 32f sources and the ordered dither of every type pair, with
+// and without noise, in the layouts C1, C3, AC4 and C4 (Ch processed of N).
+using Rb8u = RbTraits<Zor8u, Zor8u>;
+using Rb16u = RbTraits<Zor16u, Zor16u>;
+using Rb16s = RbTraits<Zor16s, Zor16s>;
+using Rb16u8u = RbTraits<Zor16u, Zor8u>;
+using Rb16s8u = RbTraits<Zor16s, Zor8u>;
+using Rb32f8u = RbTraits<Zor32f, Zor8u>;
+using Rb32f16u = RbTraits<Zor32f, Zor16u>;
+using Rb32f16s = RbTraits<Zor32f, Zor16s>;
+
+#define ZOR_RB_LAYOUTS(X, name, fn, Tr, ...)                                                      \
+    X(name##C1, fn, (Tr, 1, 1 __VA_ARGS__)) X(name##C3, fn, (Tr, 3, 3 __VA_ARGS__))             \
+    X(name##AC4, fn, (Tr, 3, 4 __VA_ARGS__)) X(name##C4, fn, (Tr, 4, 4 __VA_ARGS__))
+#define ZOR_RB_BAYER(X, name, Th)                                                                   \
+    ZOR_RB_LAYOUTS(X, name##8u, bayerRow, Rb8u, , Th) ZOR_RB_LAYOUTS(X, name##16u, bayerRow, Rb16u, , Th) \
+    ZOR_RB_LAYOUTS(X, name##16s, bayerRow, Rb16s, , Th)                                          \
+    ZOR_RB_LAYOUTS(X, name##16u8u, bayerRow, Rb16u8u, , Th)                                      \
+    ZOR_RB_LAYOUTS(X, name##16s8u, bayerRow, Rb16s8u, , Th)                                      \
+    ZOR_RB_LAYOUTS(X, name##32f8u, bayerRow, Rb32f8u, , Th)                                      \
+    ZOR_RB_LAYOUTS(X, name##32f16u, bayerRow, Rb32f16u, , Th)                                    \
+    ZOR_RB_LAYOUTS(X, name##32f16s, bayerRow, Rb32f16s, , Th)
+#define ZOR_RB_KERNELS(X)                                                                            \
+    ZOR_RB_LAYOUTS(X, plain32f8u, plainRow, Rb32f8u) ZOR_RB_LAYOUTS(X, plain32f16u, plainRow, Rb32f16u) \
+    ZOR_RB_LAYOUTS(X, plain32f16s, plainRow, Rb32f16s)                                               \
+    ZOR_RB_BAYER(X, bayer, BayerMatrix) ZOR_RB_BAYER(X, bayerNoise, BayerNoise)
+
+ZOR_KERNEL_TABLE(RbKernels, ZOR_RB_KERNELS, kRbScalar, rbTables, RbK)
+
+// The kernel set of a scalar kernel that has a vector kernel in the list.
+template <auto Fn>
+struct RbShape;
+#define ZOR_RB_SHAPE(name, fn, args)                      \
+    template <>                                           \
+    struct RbShape<&fn<ZOR_STRIP args>> {                 \
+        static constexpr auto member = &RbKernels::name;  \
+    };
+ZOR_RB_KERNELS(ZOR_RB_SHAPE)
+#undef ZOR_RB_SHAPE
+template <auto Fn>
+using RbKernel = RbK<RbShape<Fn>::member>;
 
 }  // namespace zor

@@ -295,6 +295,11 @@ TEST(ReduceBitsMemory, EveryFailedAllocationReturnsNoMemory) {
                     // Two noise tables and two generator states; error rows.
                     EXPECT_EQ(n - 1, (noise > 0 ? 4 : 0) + (method == zorDitherBayer ? 0 : 1)) << method << " " << noise;
                 }
+    zt::Image<Zor16u> big(256, 64, 3, 0, 3), out(256, 64, 3, 0, 4), before = out;  // plain 16-bit: a table per call
+    gAllocCount = 0, gFailAt = 1, zor::setAllocHook(failNth);
+    EXPECT_EQ(zoriReduceBits_16u_C3R(big.data(), big.step(), out.data(), out.step(), {256, 64}, 0, zorDitherNone, 9), zorStsNoMemory);
+    zor::setAllocHook(nullptr);
+    EXPECT_TRUE(out == before && gAllocCount == 1);
 }
 
 }  // namespace

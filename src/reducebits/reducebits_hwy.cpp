@@ -1,0 +1,223 @@
+// Vector kernels of the bit-depth reduction, compiled once per CPU target:
+// plain quantisation of 32f sources and the ordered dither of every type
+// pair. Each computes exactly what its scalar kernel (reducebits/kernels.h)
+// computes, in float lanes: the same products and sums in the same order.
+//
+// The one step that the scalar kernels take in double precision is the
+// biased truncation trunc(p + 0.000009) of a float p (the level index, and
+// the level value of the 16-bit and 32f paths). For 0 <= p < 2^23 it is
+// found in float: with k = trunc(p), the biased value reaches k + 1 exactly
+// when (k + 1) - p <= 0.000009. (k + 1) - p is exact (Sterbenz, p >= 0.5
+// whenever the test can pass), and the double sum cannot round across the
+// integer: the distance from p + 0.000009 to k + 1 is a multiple of the float
+// spacing at p minus 0.000009, which stays far above half the double spacing
+// at k + 1 for every exponent of p in range. 32f lanes outside that range
+// (negative, huge, NaN) send their block of pixels to the scalar kernel.
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "reducebits/reducebits_hwy.cpp"
+#include "hwy/foreach_target.h"  // IWYU pragma: keep
+
+#include "hwy/cache_control.h"
+#include "hwy/highway.h"
+#include "reducebits/kernels.h"
+
+#include <cmath>
+
+HWY_BEFORE_NAMESPACE();
+namespace zor {
+namespace HWY_NAMESPACE {
+namespace hn = hwy::HWY_NAMESPACE;
+
+#if HWY_TARGET != HWY_SCALAR
+
+using DF = hn::ScalableTag<float>;
+using DI = hn::RebindToSigned<DF>;
+using VF = hn::Vec<DF>;
+using VI = hn::Vec<DI>;
+using MF = hn::Mask<DF>;
+
+// The largest float not above the double 0.000009.
+inline float biasBelow() {
+    const float f = static_cast<float>(kLevelBias);
+    return static_cast<double>(f) > kLevelBias ? std::nextafter(f, 0.0f) : f;
+}
+
+// trunc(p + 0.000009) as the scalar kernels take it in double, for lanes
+// with 0 <= p < 2^23.
+HWY_INLINE VI truncBiased(VF p, VF bias) {
+    const DF df;
+    const DI di;
+    const VI k = hn::ConvertTo(di, p);
+    const MF up = hn::Le(hn::Sub(hn::Add(hn::ConvertTo(df, k), hn::Set(df, 1.0f)), p), bias);
+    return hn::Sub(k, hn::VecFromMask(di, hn::RebindMask(di, up)));
+}
+
+// Samples on the working scale (16s shifted by +32768), one per float lane.
+template <class S>
+HWY_INLINE VF loadWork(const S* p) {
+    const DF df;
+    if constexpr (std::is_same_v<S, Zor32f>) {
+        return hn::LoadU(df, p);
+    } else {
+        const DI di;
+        const hn::Rebind<S, DF> ds;
+        VI i = hn::PromoteTo(di, hn::LoadU(ds, p));
+        if constexpr (std::is_same_v<S, Zor16s>) i = hn::Add(i, hn::Set(di, 32768));
+        return hn::ConvertTo(df, i);
+    }
+}
+
+// Levels on the unsigned destination scale to destination samples: their
+// low bits, 16s offset by -32768.
+template <class D>
+HWY_INLINE void storeLevels(VI level, D* p) {
+    const DI di;
+    const hn::Rebind<D, DF> dd;
+    if constexpr (std::is_same_v<D, Zor8u>) {
+        hn::StoreU(hn::DemoteTo(dd, hn::And(level, hn::Set(di, 0xFF))), dd, p);
+    } else {
+        VI v = hn::And(level, hn::Set(di, 0xFFFF));
+        if constexpr (std::is_same_v<D, Zor16s>) v = hn::Sub(v, hn::Set(di, 32768));
+        hn::StoreU(hn::DemoteTo(dd, v), dd, p);
+    }
+}
+
+// The block driver shared by both methods: blocks of n pixels (n float
+// lanes) are N vectors of samples, lane j of vector v holding sample
+// n * v + j of the block. levels(x0, samples, out) computes the N level
+// vectors of the block at column x0 and says whether every lane was in the
+// range where the vector arithmetic is exact; blocks that are not, and the
+// pixels after the last whole block, go to scalar(x0, count).
+template <class Tr, int Ch, int N, class Levels, class Scalar>
+HWY_INLINE void blocks(const typename Tr::Src* s, typename Tr::Dst* d, int width, const Levels& levels,
+                       const Scalar& scalar) {
+    using D = typename Tr::Dst;
+    const DF df;
+    const int n = static_cast<int>(hn::Lanes(df));
+    int x0 = 0;
+    for (; x0 + n <= width; x0 += n) {
+        // The kernels spend many instructions per source line, more than
+        // the processor keeps in flight to hide a memory read on narrow
+        // targets: fetch a few lines ahead (a hint, never a fault).
+        hwy::Prefetch(reinterpret_cast<const char*>(s + static_cast<std::ptrdiff_t>(x0) * N) + 2048);
+        VI out[N];
+        if (!levels(x0, s + static_cast<std::ptrdiff_t>(x0) * N, out)) {
+            scalar(x0, n);
+            continue;
+        }
+        D* const o = d + static_cast<std::ptrdiff_t>(x0) * N;
+        if constexpr (Ch == N) {
+            for (int v = 0; v < N; ++v) storeLevels(out[v], o + v * n);
+        } else {
+            // AC4: the fourth sample of every pixel is not written.
+            HWY_ALIGN D tmp[N * hn::MaxLanes(df)];
+            for (int v = 0; v < N; ++v) storeLevels(out[v], tmp + v * n);
+            for (int i = 0; i < n; ++i)
+                for (int c = 0; c < Ch; ++c) o[i * N + c] = tmp[i * N + c];
+        }
+    }
+    if (x0 < width) scalar(x0, width - x0);
+}
+
+// ---------------------------------------------------------------------------
+// Plain quantisation of 32f sources, lanes with |x| <= 16384 (so that every
+// product converts to int without saturating).
+template <class Tr, int Ch, int N>
+void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
+    static_assert(Tr::kFloatSrc, "8-bit and 16-bit sources use a table");
+    const DF df;
+    const DI di;
+    const int n = static_cast<int>(hn::Lanes(df));
+    const float mfs = static_cast<float>(m), invs = 1.0f / mfs;
+    const VF mf = hn::Set(df, mfs), inv = hn::Set(df, invs), half = hn::Set(df, 0.5f * invs);
+    const VF scale = hn::Set(df, Tr::kDstScale), limit = hn::Set(df, 16384.0f);
+    const VI top = hn::Set(di, Tr::kTopLevel);
+    const auto levels = [&](int, const Zor32f* p, VI* out) {
+        auto ok = hn::Ne(hn::Zero(df), hn::Zero(df));
+        ok = hn::Not(ok);
+        for (int v = 0; v < N; ++v) {
+            const VF x = hn::LoadU(df, p + v * n);
+            ok = hn::And(ok, hn::Le(hn::Abs(x), limit));
+            VF q = hn::Mul(hn::ConvertTo(df, hn::ConvertTo(di, hn::Mul(mf, x))), inv);
+            q = hn::IfThenElse(hn::Gt(hn::Sub(x, q), half), hn::Add(q, inv), q);
+            out[v] = hn::Min(hn::ConvertTo(di, hn::Mul(q, scale)), top);
+        }
+        return hn::AllTrue(df, ok);
+    };
+    const auto scalar = [&](int x0, int count) {
+        ::zor::plainRow<Tr, Ch, N>({s.p + static_cast<std::ptrdiff_t>(x0) * N}, {d.p + static_cast<std::ptrdiff_t>(x0) * N},
+                                   count, m);
+    };
+    blocks<Tr, Ch, N>(s.p, d.p, width, levels, scalar);
+}
+
+// ---------------------------------------------------------------------------
+// Ordered dither. The thresholds of a block's samples (each pixel's for all
+// of its samples) come from a per-block table: the matrix repeats every 4
+// columns, so its table is made once per row; the noise one per block.
+template <class Th>
+inline constexpr bool kRowPeriodic = std::is_same_v<Th, BayerMatrix>;
+
+template <class Tr, int Ch, int N, class Th>
+void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th) {
+    const DF df;
+    const DI di;
+    const int n = static_cast<int>(hn::Lanes(df));
+    HWY_ALIGN float thr[N * hn::MaxLanes(df)];
+    const auto fill = [&](int x0) {
+        for (int i = 0; i < n * N; ++i) thr[i] = th(x0 + i / N, y);
+    };
+    if constexpr (kRowPeriodic<Th>) fill(0);
+    const VF invStep = hn::Set(df, q.invStep), step = hn::Set(df, q.step), one = hn::Set(df, 1.0f);
+    const VF bias = hn::Set(df, biasBelow()), below = hn::Set(df, 8388608.0f);
+    const VI mult = hn::Set(di, q.mult), top = hn::Set(di, Tr::kTopLevel);
+    const VF scale = hn::Set(df, Tr::kDstScale);
+    const auto levels = [&](int x0, const typename Tr::Src* p, VI* out) {
+        if constexpr (!kRowPeriodic<Th>) fill(x0);
+        auto ok = hn::Not(hn::Ne(hn::Zero(df), hn::Zero(df)));
+        for (int v = 0; v < N; ++v) {
+            const VF w = loadWork(p + v * n);
+            const VF pr = hn::Mul(w, invStep);
+            if constexpr (Tr::kFloatSrc) ok = hn::And(ok, hn::And(hn::Ge(pr, hn::Zero(df)), hn::Lt(pr, below)));
+            VI k = truncBiased(pr, bias);
+            VF kf = hn::ConvertTo(df, k);
+            const MF up = hn::Gt(hn::Sub(w, hn::Mul(kf, step)), hn::Load(df, thr + v * n));
+            k = hn::Sub(k, hn::VecFromMask(di, hn::RebindMask(di, up)));
+            kf = hn::IfThenElse(up, hn::Add(kf, one), kf);
+            if constexpr (Tr::kByteSrc) {
+                out[v] = hn::ShiftRight<8>(hn::Mul(k, mult));
+            } else if constexpr (Tr::kWideScale) {
+                VI level = truncBiased(hn::Mul(kf, step), bias);
+                if constexpr (sizeof(typename Tr::Dst) == 1) level = hn::ShiftRight<8>(level);
+                out[v] = hn::Min(level, top);
+            } else {
+                const VF a = hn::Mul(hn::Mul(kf, step), scale);
+                ok = hn::And(ok, hn::Lt(a, below));
+                out[v] = truncBiased(a, bias);
+            }
+        }
+        return hn::AllTrue(df, ok);
+    };
+    const auto scalar = [&](int x0, int count) {
+        const std::ptrdiff_t o = static_cast<std::ptrdiff_t>(x0) * N;
+        ::zor::bayerRow<Tr, Ch, N, FromColumn<Th>>({s.p + o}, {d.p + o}, count, y, q, FromColumn<Th>{th, x0});
+    };
+    blocks<Tr, Ch, N>(s.p, d.p, width, levels, scalar);
+}
+
+#endif  // HWY_TARGET != HWY_SCALAR
+
+// ---------------------------------------------------------------------------
+
+HWY_MAYBE_UNUSED constexpr RbKernels kRbVector = {ZOR_RB_KERNELS(ZOR_KERNEL_POINTER)};
+
+}  // namespace HWY_NAMESPACE
+}  // namespace zor
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+#include "core/target_tables.h"
+namespace zor {
+ZOR_TARGET_TABLES(RbKernels, kRbVector, rbTables, kRbScalar)
+}  // namespace zor
+#endif
