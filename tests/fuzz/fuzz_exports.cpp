@@ -5,13 +5,14 @@
 // size, the CPU target and now and then a null pointer. Buffers have exactly
 // the size that the arguments address (AddressSanitizer reports one byte
 // past them). A call must not change its sources, must not write outside its
-// region (row padding, the alpha of AC4/AP4 outputs) and must write nothing
+// region (row padding, the alpha of AC4 outputs) and must write nothing
 // when it fails; at a vector target it must give the scalar target's result.
 #include "core/cpu.h"
 #include "support/call_harness.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -58,7 +59,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const ZorStatus ref = scalar.run();
         if (ref != st) fail(call, "status " + std::to_string(st) + " at " + zor::cpu::name(target) + ", " + std::to_string(ref) + " at scalar");
         const int k = call.firstDifferentPlane(scalar);
-        if (k >= 0) fail(call, "plane " + std::to_string(k) + " differs between " + zor::cpu::name(target) + " and scalar");
+        if (k >= 0) {
+            const auto &a = call.planes()[k].bytes, &b = scalar.planes()[k].bytes;
+            std::size_t i = 0;
+            while (a[i] == b[i]) ++i;
+            // The aligned 32-bit word around it, as bits.
+            std::uint32_t wa = 0, wb = 0;
+            const std::size_t w = i / 4 * 4;
+            if (w + 4 <= a.size()) std::memcpy(&wa, &a[w], 4), std::memcpy(&wb, &b[w], 4);
+            char words[64];
+            std::snprintf(words, sizeof words, " (words %08x, %08x)", wa, wb);
+            fail(call, "plane " + std::to_string(k) + " byte " + std::to_string(i) + " differs between " +
+                           zor::cpu::name(target) + " and scalar" + words);
+        }
     }
     return 0;
 }

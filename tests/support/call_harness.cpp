@@ -73,6 +73,7 @@ Call::Call(const Function& f, ZoriSize roi, Choices& c) : fn_(&f), roi_(roi) { b
 
 void Call::layout(Image& im, StepMode mode, int pad) {
     const Param& p = fn_->params[im.param];
+    im.mode = mode, im.pad = pad;
     const auto shapes = planeShapes(p, roi_);
     // Kinds with one step for all planes get the widest plane's step.
     const bool shared = p.kind == Kind::C || p.kind == Kind::P3 || p.kind == Kind::P4;
@@ -89,11 +90,15 @@ void Call::layout(Image& im, StepMode mode, int pad) {
             case StepMode::Negative: pl.step = -(base + pad); break;
             case StepMode::Zero: pl.step = 0; break;
         }
-        const std::ptrdiff_t a = pl.step < 0 ? -pl.step : pl.step;
+        // A step in whole samples is rounded down (towards minus infinity).
+        const std::ptrdiff_t b = p.bytes;
+        pl.eff = p.elements || wholeSamples_ ? (pl.step >= 0 ? pl.step / b : -((-pl.step + b - 1) / b)) * b : pl.step;
+        const std::ptrdiff_t a = pl.eff < 0 ? -pl.eff : pl.eff;
         const bool empty = pl.rows < 1 || pl.rowBytes < 1;
         const std::size_t size = empty ? 1 : static_cast<std::size_t>((pl.rows - 1) * a + pl.rowBytes);
-        pl.first = empty || pl.step >= 0 ? 0 : (pl.rows - 1) * a;
+        pl.first = empty || pl.eff >= 0 ? 0 : (pl.rows - 1) * a;
         pl.written = p.dir != Dir::In;
+        pl.floats = p.type == "32f";
         if (size > Plane::kBig) {
             void* m = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
             if (m == MAP_FAILED) std::abort();
@@ -108,11 +113,10 @@ void Call::layout(Image& im, StepMode mode, int pad) {
         for (std::size_t i = 0; i < size; ++i) pl.bytes[i] = old.empty() ? 0 : old[i % old.size()];
         if (!pl.written) continue;
         pl.mask.assign(size, 0);
-        const bool alphaPlane = p.keepsAlpha && p.kind == Kind::P4 && k == 3;
-        for (int r = 0; r < pl.rows && !empty && !alphaPlane; ++r)
+        for (int r = 0; r < pl.rows && !empty; ++r)
             for (std::ptrdiff_t i = 0; i < pl.rowBytes; ++i) {
                 const bool alpha = p.keepsAlpha && p.kind == Kind::C && (i / p.bytes) % 4 == 3;
-                if (!alpha) pl.mask[pl.first + r * pl.step + i] = 1;
+                if (!alpha) pl.mask[pl.first + r * pl.eff + i] = 1;
             }
     }
 }
@@ -160,14 +164,23 @@ void Call::build(std::uint32_t seed, Choices* c) {
             if (c != nullptr && p.nullable && c->take(8) == 0) nullPointer_[i] = true;
         }
     }
-    // Now and then one null pointer: an image's own pointer, a plane pointer
-    // or its array of steps, or a pointer argument.
+    // The dither methods of ReduceBits (1 to 4) take steps in whole samples,
+    // plain quantisation in bytes.
+    for (std::size_t i = 0; i < ps.size(); ++i)
+        if (ps[i].name == "dtype" && values_[i].i >= 1 && values_[i].i <= 4) wholeSamples_ = true;
+    if (wholeSamples_)
+        for (Image& im : images_) layout(im, im.mode, im.pad);
+    // Now and then one null pointer: an image's own pointer or a plane
+    // pointer, or a pointer argument.
     if (c != nullptr && c->take(16) == 0) {
         const std::uint32_t pick = c->take(static_cast<std::uint32_t>(images_.size() + 1));
         if (pick < images_.size()) {
             Image& im = images_[pick];
             const Kind k = fn_->params[im.param].kind;
-            im.nullWhat = 1 + static_cast<int>(c->take(k == Kind::P3S ? 3 : k == Kind::P3 || k == Kind::P4 || k == Kind::WholeP3 ? 2 : 1));
+            // A plane array gets a null plane, not a null array or array of
+            // steps: some chroma layout functions read the source planes
+            // before they test the array, and take the steps as given.
+            im.nullWhat = k == Kind::C || k == Kind::WholeC || k == Kind::P2 ? 1 : 2;
         } else {
             for (std::size_t i = 0; i < ps.size(); ++i)
                 if (ps[i].kind == Kind::Pointer) nullPointer_[i] = true;
@@ -180,8 +193,8 @@ void Call::setSteps(StepMode mode, int pad) {
     for (Image& im : images_) layout(im, mode, pad);
     for (std::size_t k = 0; k < planes_.size(); ++k)
         for (int r = 0; r < planes_[k].rows; ++r)
-            std::memcpy(planes_[k].data() + planes_[k].first + r * planes_[k].step,
-                        old[k].data() + old[k].first + r * old[k].step, planes_[k].rowBytes);
+            std::memcpy(planes_[k].data() + planes_[k].first + r * planes_[k].eff,
+                        old[k].data() + old[k].first + r * old[k].eff, planes_[k].rowBytes);
 }
 
 void Call::setValue(const std::string& name, long long v) {
@@ -206,7 +219,7 @@ bool Call::sameRows(const Call& o) const {
     for (std::size_t k = 0; k < planes_.size(); ++k) {
         const Plane &a = planes_[k], &b = o.planes_[k];
         for (int r = 0; r < a.rows && a.written; ++r)
-            if (std::memcmp(a.data() + a.first + r * a.step, b.data() + b.first + r * b.step, a.rowBytes) != 0) return false;
+            if (std::memcmp(a.data() + a.first + r * a.eff, b.data() + b.first + r * b.eff, a.rowBytes) != 0) return false;
     }
     return true;
 }
@@ -249,7 +262,7 @@ ZorStatus Call::run() {
                 a.push_back(ptr);
                 if (p.kind == Kind::P3S) {
                     for (int k = 0; k < 3; ++k) im->stepArray[k] = static_cast<int>(pl[k].step);
-                    step.p = im->nullWhat == 3 ? nullptr : static_cast<void*>(im->stepArray);
+                    step.p = static_cast<void*>(im->stepArray);
                     a.push_back(step);
                 } else if (p.kind != Kind::WholeP3) {
                     step.i = pl[0].step;
@@ -276,9 +289,29 @@ std::string Call::verify(const Call& before, ZorStatus st) const {
     return {};
 }
 
+namespace {
+bool isNan(const std::uint8_t* p) {
+    std::uint32_t w;
+    std::memcpy(&w, p, 4);
+    return (w & 0x7F800000u) == 0x7F800000u && (w & 0x007FFFFFu) != 0;
+}
+}  // namespace
+
 int Call::firstDifferentPlane(const Call& o) const {
-    for (std::size_t k = 0; k < planes_.size(); ++k)
-        if (planes_[k].bytes != o.planes_[k].bytes) return static_cast<int>(k);
+    for (std::size_t k = 0; k < planes_.size(); ++k) {
+        const auto &a = planes_[k].bytes, &b = o.planes_[k].bytes;
+        if (a == b) continue;
+        if (!planes_[k].floats || a.size() != b.size()) return static_cast<int>(k);
+        // Float planes: compare the samples where the rows put them (the
+        // plane starts at a sample, steps may be odd), NaN equal to NaN.
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            if (a[i] == b[i]) continue;
+            bool nan = false;
+            for (std::size_t s = i >= 3 ? i - 3 : 0; s <= i && !nan; ++s)
+                nan = s + 4 <= a.size() && isNan(&a[s]) && isNan(&b[s]);
+            if (!nan) return static_cast<int>(k);
+        }
+    }
     return -1;
 }
 

@@ -1,7 +1,7 @@
 // Calls any exported image function from its description (core/describe.h)
 // with buffers of exactly the size its arguments address, and checks what a
 // call may not do: write outside the region (row padding, the alpha of an
-// AC4/AP4 output), change a source, or write anything when it fails.
+// AC4 output), change a source, or write anything when it fails.
 //
 // A Call is built from a function, a size and a stream of choices (the
 // fuzzer's input, or a seeded generator in the tests): per image the step
@@ -45,10 +45,12 @@ struct Plane {
     std::uint8_t* data() { return big ? big.get() : bytes.data(); }
     const std::uint8_t* data() const { return big ? big.get() : bytes.data(); }
     std::ptrdiff_t first = 0;         // offset of row 0
-    std::ptrdiff_t step = 0;
+    std::ptrdiff_t step = 0;  // as passed
+    std::ptrdiff_t eff = 0;   // as used: whole samples where the step policy says so
     std::ptrdiff_t rowBytes = 0;
     int rows = 0;
     bool written = false;            // an output (or in-place) plane
+    bool floats = false;             // 32-bit float samples
     std::vector<std::uint8_t> mask;  // written planes: 1 where the call may write
 };
 
@@ -63,7 +65,8 @@ public:
     // Empty when this call (after run(), which returned st) did only what it
     // may relative to `before` (the same call before it ran); else what it did.
     std::string verify(const Call& before, ZorStatus st) const;
-    // Index of the first plane whose bytes differ from o's, or -1.
+    // Index of the first plane whose bytes differ from o's, or -1. Two NaNs
+    // of a float plane count as equal whatever their sign and payload.
     int firstDifferentPlane(const Call& o) const;
 
     const zor::describe::Function& function() const { return *fn_; }
@@ -86,7 +89,9 @@ private:
     struct Image {
         std::size_t param;  // index in the function's parameters
         int firstPlane, planeCount;
-        int nullWhat = 0;   // 0 none, 1 outer pointer, 2 plane pointer, 3 step array
+        int nullWhat = 0;   // 0 none, 1 outer pointer, 2 plane pointer
+        StepMode mode = StepMode::Exact;
+        int pad = 0;
         int stepArray[3] = {0, 0, 0};
         void* planePtrs[4] = {nullptr, nullptr, nullptr, nullptr};
     };
@@ -100,6 +105,7 @@ private:
     std::vector<zor::describe::Arg> values_;   // per parameter (values and pointers)
     std::vector<std::vector<std::uint8_t>> pointees_;  // per parameter: pointer contents
     std::vector<bool> nullPointer_;
+    bool wholeSamples_ = false;  // every step in whole samples (ReduceBits dithering)
 };
 
 }  // namespace zt
