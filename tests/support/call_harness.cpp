@@ -189,8 +189,13 @@ void Call::build(std::uint32_t seed, Choices* c) {
 }
 
 void Call::setSteps(StepMode mode, int pad) {
+    for (Image& im : images_) im.mode = mode, im.pad = pad;
+    relayout();
+}
+
+void Call::relayout() {
     const std::vector<Plane> old = planes_;
-    for (Image& im : images_) layout(im, mode, pad);
+    for (Image& im : images_) layout(im, im.mode, im.pad);
     for (std::size_t k = 0; k < planes_.size(); ++k)
         for (int r = 0; r < planes_[k].rows; ++r)
             std::memcpy(planes_[k].data() + planes_[k].first + r * planes_[k].eff,
@@ -200,6 +205,10 @@ void Call::setSteps(StepMode mode, int pad) {
 void Call::setValue(const std::string& name, long long v) {
     for (std::size_t i = 0; i < fn_->params.size(); ++i)
         if (fn_->params[i].kind == Kind::Value && fn_->params[i].name == name) values_[i].i = v, values_[i].f = v;
+    if (name == "dtype" && wholeSamples_ != (v >= 1 && v <= 4)) {
+        wholeSamples_ = !wholeSamples_;
+        relayout();
+    }
 }
 
 void Call::setRoi(ZoriSize roi) {

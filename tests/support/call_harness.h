@@ -97,6 +97,7 @@ private:
     };
     void build(std::uint32_t seed, Choices* c);
     void layout(Image& im, StepMode mode, int pad);
+    void relayout();  // every image again, keeping the rows' samples
 
     const zor::describe::Function* fn_;
     ZoriSize roi_;
