@@ -164,6 +164,11 @@ void Call::build(std::uint32_t seed, Choices* c) {
             if (c != nullptr && p.nullable && c->take(8) == 0) nullPointer_[i] = true;
         }
     }
+    // A slice layout of the deinterlacing filters (top 1, middle 4, bottom
+    // 16) reads and writes rows beyond its region by design: the whole
+    // picture (21) instead.
+    for (std::size_t i = 0; i < ps.size(); ++i)
+        if (ps[i].name == "layout" && (values_[i].i == 1 || values_[i].i == 4 || values_[i].i == 16)) values_[i].i = 21;
     // The dither methods of ReduceBits (1 to 4) take steps in whole samples,
     // plain quantisation in bytes.
     for (std::size_t i = 0; i < ps.size(); ++i)
