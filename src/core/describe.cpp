@@ -133,12 +133,13 @@ const std::vector<Function>& all() {
         for (const Entry* e = gHead; e != nullptr; e = e->next) {
             Function f{e->name, e->params(), e->invoke};
             // The layout codes name the source, then the destination (one code:
-            // both). An AC4 or AP4 output keeps its alpha.
+            // both). An AC4 output keeps its alpha (AP4 outputs copy theirs),
+            // unless its group says otherwise (OUT_AC4_FILLED: alpha written).
             const std::vector<std::string> codes = layoutCodes(f.name);
             for (Param& p : f.params) {
                 if (!isImage(p) || codes.empty() || p.dir == Dir::In) continue;
                 const std::string& c = p.dir == Dir::Out ? codes.back() : codes.front();
-                p.keepsAlpha = c == "AC4" || c == "AP4";
+                p.keepsAlpha = c == "AC4" && p.group.rfind("OUT_AC4_FILLED", 0) != 0;
             }
             t.push_back(std::move(f));
         }

@@ -42,7 +42,7 @@ struct Param {
     int v = 0, h = 1;  // chroma rows y >> v, one chroma sample per h pixels
     bool elements = false;    // step rounded down to whole samples
     bool chromaUp = true;     // whole P3: chroma planes ceil(width / h) wide, else floor
-    bool keepsAlpha = false;  // AC4 / AP4 output: the fourth sample or plane is never written
+    bool keepsAlpha = false;  // AC4 output: the fourth sample of each pixel is never written
     std::string name;         // value or pointer: its C name, C type and element shape
     std::string cType;
     std::vector<int> shape;  // pointer: element counts, e.g. {3, 4}; empty if not declared

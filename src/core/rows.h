@@ -22,6 +22,7 @@
 //                  (ordered dither), after the width.
 #pragma once
 
+#include "core/bounce.h"
 #include "core/checks.h"
 
 #include <climits>
@@ -88,6 +89,13 @@ struct FuseWidth<First, Rest...> : FuseWidth<Rest...> {};
 
 }  // namespace detail
 
+// Whether any image of a tuple of image arguments has samples wider than a
+// byte.
+template <class Images>
+inline constexpr bool kWide = false;
+template <class... I>
+inline constexpr bool kWide<std::tuple<I...>> = ((sizeof(typename I::Sample) > 1) || ...);
+
 template <class Form, class K, class... Opt>
 struct Rows {
     using Size = typename detail::SizeRule<Opt...>::type;
@@ -112,10 +120,18 @@ struct Rows {
                         return std::make_tuple(v.row(y)...);
                 },
                 views);
-            if constexpr (kRowIndex)
-                std::apply(fn, std::tuple_cat(rows, std::make_tuple(width, static_cast<int>(y)), values));
-            else
-                std::apply(fn, std::tuple_cat(rows, std::make_tuple(width), values));
+            const auto call = [&](const auto& r, int w) {
+                if constexpr (kRowIndex)
+                    std::apply(fn, std::tuple_cat(r, std::make_tuple(w, static_cast<int>(y)), values));
+                else
+                    std::apply(fn, std::tuple_cat(r, std::make_tuple(w), values));
+            };
+            // A 16- or 32-bit image with a byte step that is not a multiple
+            // of its sample size: misaligned rows go through aligned copies.
+            if constexpr (!kPairs && kWide<Images>) {
+                if (bounce::anyMisaligned(rows)) return bounce::run(rows, width, call);
+            }
+            call(rows, width);
         };
         if constexpr (kFuse > 0) {
             const std::ptrdiff_t w = done.width, n = w * done.height;

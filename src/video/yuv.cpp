@@ -38,6 +38,12 @@ inline std::ptrdiff_t fullWidth(ZoriSize s) { return s.width; }
 using namespace zor;
 
 // 4:4:4. The AC4 members leave the fourth byte alone.
+// The AC4 outputs of the P3 decoders write 0 into every fourth byte. The
+// group's name tells the table of descriptions (core/describe.h) that their
+// alpha is written.
+#define ZOR_DECL_OUT_AC4_FILLED(T) ZOR_DECL_OUT_C(T, 4)
+#define ZOR_EXPR_OUT_AC4_FILLED(T) ZOR_EXPR_OUT_C(T, 4)
+
 ZOR_EXPORT(zoriRGBToYUV_8u_C3R, (StandardChecks), (Run444<&K::encode444C3>), IN_C(Zor8u, 3), OUT_C(Zor8u, 3), ROI)
 ZOR_EXPORT(zoriRGBToYUV_8u_AC4R, (StandardChecks), (Run444<&K::encode444AC4>), IN_C(Zor8u, 4), OUT_C(Zor8u, 4), ROI)
 ZOR_EXPORT(zoriRGBToYUV_8u_P3R, (StandardChecks), (Run444<&K::encode444P3>), IN_P3S(Zor8u), OUT_P3S(Zor8u), ROI)
@@ -59,7 +65,7 @@ ZOR_EXPORT(zoriYUV422ToRGB_8u_P3C3, (StandardChecks), (Run422<&K::decode422P3C3>
 ZOR_EXPORT(zoriYUV422ToRGB_8u_P3R, (StandardChecks), (Run422<&K::decode422P3>), IN_P3S(Zor8u, 0, 2), OUT_P3S(Zor8u), ROI)
 ZOR_EXPORT(zoriYUV422ToRGB_8u_P3, (StandardChecks), (Run422<&K::decode422P3>), IN_WHOLE_P3(Zor8u, ::zor::halfUp, 0, 2), OUT_WHOLE_P3(Zor8u, ::zor::fullWidth), ROI)
 // Truncating like the rest; the fourth byte of every pixel is written 0.
-ZOR_EXPORT(zoriYUV422ToRGB_8u_P3AC4R, (StandardChecks), (Run422<&K::decode422P3C4>), IN_P3S(Zor8u, 0, 2), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriYUV422ToRGB_8u_P3AC4R, (StandardChecks), (Run422<&K::decode422P3C4>), IN_P3S(Zor8u, 0, 2), OUT_AC4_FILLED(Zor8u), ROI)
 
 // 4:2:0. The whole-image forms take packed planes, chroma width / 2 wide.
 ZOR_EXPORT(zoriRGBToYUV420_8u_C3P3R, (StandardChecks), (Encode420<&K::encode420C3>), IN_C(Zor8u, 3), OUT_P3S(Zor8u, 1, 2), ROI)
@@ -72,5 +78,5 @@ ZOR_EXPORT(zoriYUV420ToRGB_8u_P3R, (StandardChecks), (Decode420<&K::decode420P3>
 ZOR_EXPORT(zoriYUV420ToRGB_8u_P3, (StandardChecks), (Decode420<&K::decode420P3>), IN_WHOLE_P3(Zor8u, ::zor::halfDown, 1, 2), OUT_WHOLE_P3(Zor8u, ::zor::fullWidth), ROI)
 // The one rounding member (one half before every shift); the fourth byte of
 // every pixel is written 0.
-ZOR_EXPORT(zoriYUV420ToRGB_8u_P3AC4R, (StandardChecks), (Decode420<&K::decode420P3C4Rounded>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 4), ROI)
+ZOR_EXPORT(zoriYUV420ToRGB_8u_P3AC4R, (StandardChecks), (Decode420<&K::decode420P3C4Rounded>), IN_P3S(Zor8u, 1, 2), OUT_AC4_FILLED(Zor8u), ROI)
 ZOR_EXPORT(zoriYUV420ToBGR_8u_P3C3R, (BgrChecks), (Decode420<&K::decode420P3Bgr>), IN_P3S(Zor8u, 1, 2), OUT_C(Zor8u, 3), ROI)

@@ -56,7 +56,7 @@ TEST(Describe, EveryKindOfParameter) {
         {"zoriReduceBits_16u8u_C1R",
          "C in 16ux1 | C out 8ux1 | roi | value 32s noise:int | value 32s dtype:ZorDitherType | value 32s levels:int"},
         {"zoriYCbCr422_8u_P3C2R", "P3S in 8ux3 v0h2 | C out 8ux2 | roi"},
-        {"zoriBGRToHLS_8u_AP4R", "P4 in 8ux4 | P4 out 8ux4 alpha | roi"},
+        {"zoriBGRToHLS_8u_AP4R", "P4 in 8ux4 | P4 out 8ux4 | roi"},
         {"zoriYCbCr422ToRGB565_8u16u_C2C3R", "C in 8ux2 | C out 16ux1 el | roi"},
         {"zoriYUV420ToRGB_8u_P3C3", "wholeP3 in 8ux3 v1h2 floor | wholeC out 8ux3 | roi"},
         {"zoriYUV422ToRGB_8u_P3C3", "wholeP3 in 8ux3 v0h2 | wholeC out 8ux3 | roi"},
