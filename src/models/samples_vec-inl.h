@@ -11,6 +11,7 @@
 
 #include "hwy/highway.h"
 #include "models/common.h"
+#include "core/lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace zor {
@@ -18,13 +19,6 @@ namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET != HWY_SCALAR
-
-using DF = hn::ScalableTag<float>;
-using VF = hn::Vec<DF>;
-using MF = hn::Mask<DF>;
-using DI = hn::RebindToSigned<DF>;
-using VI = hn::Vec<DI>;
-using MI = hn::Mask<DI>;
 
 HWY_INLINE VF f(float v) { return hn::Set(DF(), v); }
 HWY_INLINE VI i32(std::int32_t v) { return hn::Set(DI(), v); }

@@ -17,6 +17,7 @@
 
 #include "hwy/highway.h"
 #include "models/common.h"
+#include "core/lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace zor {
@@ -25,11 +26,6 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET != HWY_SCALAR
 
-using DF = hn::ScalableTag<float>;
-using VF = hn::Vec<DF>;
-using DI = hn::RebindToSigned<DF>;
-using VI = hn::Vec<DI>;
-using MF = hn::Mask<DF>;
 using DFH = hn::Half<DF>;
 using DD = hn::Rebind<double, DFH>;
 using VD = hn::Vec<DD>;

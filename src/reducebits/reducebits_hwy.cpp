@@ -18,6 +18,7 @@
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
 #include "hwy/cache_control.h"
+#include "core/lanes-inl.h"
 #include "hwy/highway.h"
 #include "reducebits/kernels.h"
 
@@ -29,12 +30,6 @@ namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET != HWY_SCALAR
-
-using DF = hn::ScalableTag<float>;
-using DI = hn::RebindToSigned<DF>;
-using VF = hn::Vec<DF>;
-using VI = hn::Vec<DI>;
-using MF = hn::Mask<DF>;
 
 // The largest float not above the double 0.000009.
 inline float biasBelow() {

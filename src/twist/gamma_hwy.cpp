@@ -18,6 +18,7 @@
 #define HWY_TARGET_INCLUDE "twist/gamma_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
+#include "core/lanes-inl.h"
 #include "hwy/highway.h"
 #include "twist/gamma_kernels.h"
 
@@ -69,8 +70,6 @@ struct VecMap8u {
 // ---------------------------------------------------------------------------
 // 32f: the curve in double lanes.
 
-using DF = hn::ScalableTag<float>;
-using VF = hn::Vec<DF>;
 using DD = hn::Repartition<double, DF>;
 using VD = hn::Vec<DD>;
 using DI64 = hn::RebindToSigned<DD>;

@@ -7,6 +7,7 @@
 #define HWY_TARGET_INCLUDE "twist/twist_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
+#include "core/lanes-inl.h"
 #include "hwy/highway.h"
 #include "twist/twist_kernels.h"
 
@@ -17,10 +18,6 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 // The scalar target of Highway keeps the scalar kernels (found in zor::).
 #if HWY_TARGET != HWY_SCALAR
-
-using DF = hn::ScalableTag<float>;
-using VF = hn::Vec<DF>;
-using DI = hn::RebindToSigned<DF>;
 
 // The three colour samples of pixels i .. i + Lanes(dt) - 1 (d: the
 // destination's own fourth sample, kept).
