@@ -68,11 +68,13 @@ struct Lanes3<Planar> {
 };
 
 // Samples of T (as many as float lanes) to float and back. An integer result
-// is the nearest integer with ties to even (the processor's conversion in its
-// default rounding mode, as the scalar kernel's 1.5 * 2^23 does), saturated
-// to T by the narrowing; Max first turns NaN into the bottom of the range
-// (maxps and Arm's maxnm return the second operand when the first is NaN),
-// where the conversion would give INT_MAX for a positive NaN.
+// is clamped to T's range in float, then converted to the nearest integer with
+// ties to even (the processor's conversion in its default rounding mode, as
+// the scalar kernel's 1.5 * 2^23 does). Max first turns NaN into the bottom of
+// the range (maxps and Arm's maxnm return the second operand when the first
+// is NaN). The clamp must come before the narrowing: some targets narrow 32
+// to 8 bits in two saturating steps of which the first is signed, and others
+// truncate, so 32768..65535 would not saturate to 255.
 template <class T, class DT>
 HWY_INLINE VF toFloat(DT, hn::Vec<DT> v) {
     if constexpr (std::is_same_v<T, Zor32f>)
@@ -87,7 +89,8 @@ HWY_INLINE hn::Vec<DT> fromFloat(DT dt, VF y) {
         return y;
     } else {
         const VF lo = hn::Set(DF(), static_cast<float>(std::numeric_limits<T>::min()));
-        return hn::DemoteTo(dt, hn::NearestInt(hn::Max(y, lo)));
+        const VF hi = hn::Set(DF(), static_cast<float>(std::numeric_limits<T>::max()));
+        return hn::DemoteTo(dt, hn::NearestInt(hn::Min(hn::Max(y, lo), hi)));
     }
 }
 

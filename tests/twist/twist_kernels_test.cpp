@@ -1,6 +1,7 @@
 // Every colour twist vector kernel against its scalar kernel at every CPU target, on random rows of every width 1..300
-// (row ends against a guard page): random matrices, matrices whose results fall on and next to one half, and matrices
-// with infinite or NaN entries; float rows hold every bit pattern (NaN, infinities, denormals, signed zeros).
+// (row ends against a guard page): random matrices, matrices whose results fall on and next to one half, matrices
+// with infinite or NaN entries, with huge finite ones and with results of up to 17 bits; float rows hold every bit pattern (NaN, infinities,
+// denormals, signed zeros).
 #include "support/kernel_harness.h"
 #include "twist/twist_kernels.h"
 
@@ -18,6 +19,8 @@ zor::Matrix<R> randomMatrix(std::mt19937& rng, float span) {
             t[r][k] = k == 3 && R == 3 ? c(rng) : w(rng);
             if (kind == 0) t[r][k] = std::round(t[r][k] * 4) / 4 + (k == 3 ? 0.5f : 0.0f);  // ties
             if (kind == 1 && rng() % 6 == 0) t[r][k] = rng() % 2 ? INFINITY : NAN;
+            if (kind == 2 && rng() % 3 == 0) t[r][k] *= 1e10f;  // finite results far beyond any integer type
+            if (kind == 3) t[r][k] *= 256.0f;  // results across the 8-bit range up to and past +-2^15 and 2^16
         }
     return zor::Matrix<R>(t);
 }
