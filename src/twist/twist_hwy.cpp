@@ -67,14 +67,7 @@ struct Lanes3<Planar> {
     }
 };
 
-// Samples of T (as many as float lanes) to float and back. An integer result
-// is clamped to T's range in float, then converted to the nearest integer with
-// ties to even (the processor's conversion in its default rounding mode, as
-// the scalar kernel's 1.5 * 2^23 does). Max first turns NaN into the bottom of
-// the range (maxps and Arm's maxnm return the second operand when the first
-// is NaN). The clamp must come before the narrowing: some targets narrow 32
-// to 8 bits in two saturating steps of which the first is signed, and others
-// truncate, so 32768..65535 would not saturate to 255.
+// Samples of T (as many as float lanes) to float.
 template <class T, class DT>
 HWY_INLINE VF toFloat(DT, hn::Vec<DT> v) {
     if constexpr (std::is_same_v<T, Zor32f>)
@@ -83,14 +76,38 @@ HWY_INLINE VF toFloat(DT, hn::Vec<DT> v) {
         return hn::ConvertTo(DF(), hn::PromoteTo(DI(), v));
 }
 
+using DU = hn::RebindToUnsigned<DF>;
+using VU = hn::Vec<DU>;
+
+// An integer result as the low bits of a lane: clamped to [lo, hi] in float
+// (Max first turns NaN into lo: maxps and Arm's maxnm return the second
+// operand when the first is NaN), plus 2^23 (signed T: plus 2^23 + 2^(b-1)
+// for b-bit T). The sum lies where floats are one apart, so it is the nearest
+// integer with ties to even (both offsets are even), as in the scalar kernel;
+// the low b bits of its encoding are the sample on the unsigned scale.
+template <class T>
+HWY_INLINE VU lowBits(VF y) {
+    const DF df;
+    const VF lo = hn::Set(df, static_cast<float>(std::numeric_limits<T>::min()));
+    const VF hi = hn::Set(df, static_cast<float>(std::numeric_limits<T>::max()));
+    const float offset = 8388608.0f + (std::is_signed_v<T> ? -static_cast<float>(std::numeric_limits<T>::min()) : 0.0f);
+    return hn::BitCast(DU(), hn::Add(hn::Min(hn::Max(y, lo), hi), hn::Set(df, offset)));
+}
+
+// Float results to samples of T (as many as float lanes): the low bits,
+// signed T with the top bit flipped back. (The narrowing itself never
+// saturates here: Highway's 32-to-8-bit DemoteTo on some targets passes
+// through a signed 16-bit step and turns 32768..65535 into their low byte.)
 template <class T, class DT>
 HWY_INLINE hn::Vec<DT> fromFloat(DT dt, VF y) {
     if constexpr (std::is_same_v<T, Zor32f>) {
         return y;
     } else {
-        const VF lo = hn::Set(DF(), static_cast<float>(std::numeric_limits<T>::min()));
-        const VF hi = hn::Set(DF(), static_cast<float>(std::numeric_limits<T>::max()));
-        return hn::DemoteTo(dt, hn::NearestInt(hn::Min(hn::Max(y, lo), hi)));
+        using U = std::make_unsigned_t<T>;
+        const hn::Rebind<U, DF> du;
+        auto u = hn::TruncateTo(du, lowBits<T>(y));
+        if constexpr (std::is_signed_v<T>) u = hn::Xor(u, hn::Set(du, static_cast<U>(U{1} << (8 * sizeof(T) - 1))));
+        return hn::BitCast(dt, u);
     }
 }
 
@@ -99,37 +116,27 @@ HWY_INLINE VF channel(const VF* t, VF x0, VF x1, VF x2) {
     return hn::Add(hn::Add(hn::Add(hn::Mul(t[0], x0), t[3]), hn::Mul(t[1], x1)), hn::Mul(t[2], x2));
 }
 
-// 8-bit interleaved pixels, one pixel per 32-bit lane. A result clamped to
-// [lo, hi] plus 2^23 (8s: 2^23 + 128) lies where floats are one apart, so the
-// sum is the nearest integer, ties to even (both offsets are even), as in the
-// scalar kernel; its low byte is the sample (8s: with the top bit flipped).
-using DU = hn::RebindToUnsigned<DF>;
-using VU = hn::Vec<DU>;
+// 8-bit interleaved pixels, one pixel per 32-bit lane; the results of a
+// pixel's channels are the low bytes of lowBits (8s: with the top bit
+// flipped), packed into bytes 0..2 of the lane.
 using D8 = hn::Repartition<std::uint8_t, DF>;
 
-template <class T>
-HWY_INLINE VU lowByte(VF y) {
-    const DF df;
-    const VF lo = hn::Set(df, static_cast<float>(std::numeric_limits<T>::min()));
-    const VF hi = hn::Set(df, static_cast<float>(std::numeric_limits<T>::max()));
-    const float offset = std::is_signed_v<T> ? 8388736.0f : 8388608.0f;
-    return hn::BitCast(DU(), hn::Add(hn::Min(hn::Max(y, lo), hi), hn::Set(df, offset)));
-}
-
-// Byte c of every lane to byte 0 of the lane (T signed: to byte 3), the rest 0.
-template <class T, int C>
+// Byte S j + C of every block to byte 0 of its lane j (T signed: to byte 3),
+// the rest 0: sample C of the pixel at byte S j of the block.
+template <class T, int S, int C>
 HWY_INLINE hn::Vec<D8> samplePattern() {
+    constexpr int at = std::is_signed_v<T> ? 3 : 0;
     alignas(16) static constexpr Zor8u kPattern[16] = {
-        std::is_signed_v<T> ? 0x80 : C,      0x80, 0x80, std::is_signed_v<T> ? C : 0x80,
-        std::is_signed_v<T> ? 0x80 : 4 + C,  0x80, 0x80, std::is_signed_v<T> ? 4 + C : 0x80,
-        std::is_signed_v<T> ? 0x80 : 8 + C,  0x80, 0x80, std::is_signed_v<T> ? 8 + C : 0x80,
-        std::is_signed_v<T> ? 0x80 : 12 + C, 0x80, 0x80, std::is_signed_v<T> ? 12 + C : 0x80};
+        at == 0 ? C : 0x80,         0x80, 0x80, at == 3 ? C : 0x80,
+        at == 0 ? S + C : 0x80,     0x80, 0x80, at == 3 ? S + C : 0x80,
+        at == 0 ? 2 * S + C : 0x80, 0x80, 0x80, at == 3 ? 2 * S + C : 0x80,
+        at == 0 ? 3 * S + C : 0x80, 0x80, 0x80, at == 3 ? 3 * S + C : 0x80};
     return hn::LoadDup128(D8(), kPattern);
 }
 
-template <class T, int C>
+template <class T, int S, int C>
 HWY_INLINE VF sampleOf(VU v) {
-    const VU b = hn::BitCast(DU(), hn::TableLookupBytesOr0(hn::BitCast(D8(), v), samplePattern<T, C>()));
+    const VU b = hn::BitCast(DU(), hn::TableLookupBytesOr0(hn::BitCast(D8(), v), samplePattern<T, S, C>()));
     if constexpr (std::is_signed_v<T>)
         return hn::ConvertTo(DF(), hn::ShiftRight<24>(hn::BitCast(DI(), b)));
     else
@@ -146,12 +153,12 @@ std::size_t twist8(const Zor8u* s, Zor8u* d, std::size_t width, const VF (*t)[4]
     const DU du;
     const D8 d8;
     const std::size_t n = hn::Lanes(du);
-    // Pixels (bytes 0..2 of the lanes of v) through the matrix; byte 3 of
-    // the result is garbage.
+    // The four pixels of each block of v (S bytes apart) through the matrix,
+    // into bytes 0..2 of the lanes; byte 3 of the result is garbage.
     const auto twist = [&](VU v) {
-        const VF x0 = sampleOf<T, 0>(v), x1 = sampleOf<T, 1>(v), x2 = sampleOf<T, 2>(v);
-        const VU b0 = lowByte<T>(channel(t[0], x0, x1, x2)), b1 = lowByte<T>(channel(t[1], x0, x1, x2)),
-                 b2 = lowByte<T>(channel(t[2], x0, x1, x2));
+        const VF x0 = sampleOf<T, S, 0>(v), x1 = sampleOf<T, S, 1>(v), x2 = sampleOf<T, S, 2>(v);
+        const VU b0 = lowBits<T>(channel(t[0], x0, x1, x2)), b1 = lowBits<T>(channel(t[1], x0, x1, x2)),
+                 b2 = lowBits<T>(channel(t[2], x0, x1, x2));
         const VU p = hn::Or(hn::Or(b0, hn::ShiftLeft<8>(b1)), hn::ShiftLeft<16>(b2));
         return std::is_signed_v<T> ? hn::Xor(p, hn::Set(du, 0x808080u)) : p;
     };
@@ -169,15 +176,14 @@ std::size_t twist8(const Zor8u* s, Zor8u* d, std::size_t width, const VF (*t)[4]
             gather[k] = static_cast<std::int32_t>(k < 3 * n / 4 ? 4 * (k / 3) + k % 3 : k);
         }
         const auto toLanes = hn::SetTableIndices(du, spread), toRow = hn::SetTableIndices(du, gather);
-        // Pixel j of a block (its lanes after toLanes) starts at byte 3j;
-        // toBytes packs bytes 0..2 of the four lanes of a block.
-        alignas(16) static constexpr Zor8u kToPixels[16] = {0, 1, 2, 0x80, 3, 4, 5, 0x80, 6, 7, 8, 0x80, 9, 10, 11, 0x80};
+        // Pixel j of a block (after toLanes) starts at byte 3j; toBytes packs
+        // bytes 0..2 of the four lanes of a block.
         alignas(16) static constexpr Zor8u kToBytes[16] = {0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 0x80, 0x80, 0x80, 0x80};
-        const auto toPixels = hn::LoadDup128(d8, kToPixels), toBytes = hn::LoadDup128(d8, kToBytes);
+        const auto toBytes = hn::LoadDup128(d8, kToBytes);
         const auto mine = hn::FirstN(du, 3 * n / 4);
         for (; 3 * i + 4 * n <= 3 * width; i += n) {
             const VU raw = hn::BitCast(du, hn::LoadU(d8, s + 3 * i));
-            const VU v = hn::BitCast(du, hn::TableLookupBytes(hn::BitCast(d8, hn::TableLookupLanes(raw, toLanes)), toPixels));
+            const VU v = hn::TableLookupLanes(raw, toLanes);
             const VU p = hn::BitCast(du, hn::TableLookupBytes(hn::BitCast(d8, twist(v)), toBytes));
             hn::StoreU(hn::BitCast(d8, hn::IfThenElse(mine, hn::TableLookupLanes(p, toRow), raw)), d8, d + 3 * i);
         }
