@@ -191,6 +191,45 @@ std::size_t twist8(const Zor8u* s, Zor8u* d, std::size_t width, const VF (*t)[4]
     return i;
 }
 
+// 16-bit four-sample pixels as two 32-bit lanes, a = s0 | s1 << 16 and
+// b = s2 | s3 << 16, two vectors (n pixels) at a time. Within each 128-bit
+// block the a lanes and the b lanes are gathered by a swap of neighbours and
+// an odd/even blend (pixels in the order 0 2 1 3 of the block pair), and put
+// back the same way; the destination's fourth samples are blended back in.
+template <class T>
+std::size_t twist16x4(const T* s, T* d, std::size_t width, const VF (*t)[4]) {
+    const DU du;
+    const DI di;
+    const DF df;
+    const hn::Repartition<T, DF> dw;
+    const std::size_t n = hn::Lanes(du);
+    const VU low = hn::Set(du, 0xFFFFu);
+    const VU keep = hn::OddEven(hn::Set(du, 0xFFFF0000u), hn::Zero(du));
+    const auto sample = [&](VU v, bool high) {
+        const auto w = hn::BitCast(di, v);
+        if constexpr (std::is_signed_v<T>)
+            return hn::ConvertTo(df, high ? hn::ShiftRight<16>(w) : hn::ShiftRight<16>(hn::ShiftLeft<16>(w)));
+        else
+            return hn::ConvertTo(df, high ? hn::BitCast(di, hn::ShiftRight<16>(v)) : hn::BitCast(di, hn::And(v, low)));
+    };
+    std::size_t i = 0;
+    for (; i + n <= width; i += n) {
+        const T* p = s + 4 * i;
+        T* q = d + 4 * i;
+        const VU v0 = hn::BitCast(du, hn::LoadU(dw, p)), v1 = hn::BitCast(du, hn::LoadU(dw, p + 2 * n));
+        const VU a = hn::OddEven(hn::Shuffle2301(v1), v0), b = hn::OddEven(v1, hn::Shuffle2301(v0));
+        const VF x0 = sample(a, false), x1 = sample(a, true), x2 = sample(b, false);
+        VU ra = hn::Or(hn::And(lowBits<T>(channel(t[0], x0, x1, x2)), low), hn::ShiftLeft<16>(lowBits<T>(channel(t[1], x0, x1, x2))));
+        VU rb = lowBits<T>(channel(t[2], x0, x1, x2));
+        if constexpr (std::is_signed_v<T>) ra = hn::Xor(ra, hn::Set(du, 0x80008000u)), rb = hn::Xor(rb, hn::Set(du, 0x8000u));
+        const VU out0 = hn::OddEven(hn::Shuffle2301(rb), ra), out1 = hn::OddEven(rb, hn::Shuffle2301(ra));
+        const VU old0 = hn::BitCast(du, hn::LoadU(dw, q)), old1 = hn::BitCast(du, hn::LoadU(dw, q + 2 * n));
+        hn::StoreU(hn::BitCast(dw, hn::IfVecThenElse(keep, old0, out0)), dw, q);
+        hn::StoreU(hn::BitCast(dw, hn::IfVecThenElse(keep, old1, out1)), dw, q + 2 * n);
+    }
+    return i;
+}
+
 template <class L, class T>
 void innerColorTwist(RowOf<L, const T> s, RowOf<L, T> d, int width, Matrix<3> m) {
     const DF df;
@@ -203,6 +242,8 @@ void innerColorTwist(RowOf<L, const T> s, RowOf<L, T> d, int width, Matrix<3> m)
     if constexpr (sizeof(T) == 1 && !std::is_same_v<L, Planar>)
         i = twist8<L::kStride, T>(reinterpret_cast<const Zor8u*>(s.p), reinterpret_cast<Zor8u*>(d.p),
                                   static_cast<std::size_t>(width), t);
+    if constexpr (sizeof(T) == 2 && std::is_same_v<L, Interleaved<4>>)
+        i = twist16x4<T>(s.p, d.p, static_cast<std::size_t>(width), t);
     for (; i + n <= static_cast<std::size_t>(width); i += n) {
         hn::Vec<decltype(dt)> a, b, c;
         Lanes3<L>::load(dt, s, i, a, b, c);
