@@ -11,6 +11,9 @@
 #include <cstdint>
 #include <limits>
 #include <type_traits>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace zor {
 
@@ -36,8 +39,15 @@ inline T saturateRound(float y) {
     } else {
         constexpr float lo = std::numeric_limits<T>::min();
         constexpr float hi = std::numeric_limits<T>::max();
+#if defined(__SSE2__)
+        // Without branches (the data picks the end, and gcc turns the
+        // conditional form below into mispredicted jumps): maxss returns its
+        // second operand when the first is NaN.
+        const float c = _mm_cvtss_f32(_mm_min_ss(_mm_max_ss(_mm_set_ss(y), _mm_set_ss(lo)), _mm_set_ss(hi)));
+#else
         const float above = y > lo ? y : lo;  // NaN fails the test: lo
         const float c = above < hi ? above : hi;
+#endif
         // Adding and removing 1.5 * 2^23 rounds any |c| <= 65535 to an integer
         // with ties to even: the sum lies where floats are spaced by 1, and
         // the subtraction is exact.
