@@ -1,5 +1,6 @@
 // Exhaustive: ordered dither kernels over every 8u triple and 16-bit sample at every target (m = 60909: one of two 16-bit
-// m whose levels need the bias); plain tables over every sample at every 8-bit level count, 16-bit ones up to 65536.
+// m whose levels need the bias), every 8u sample at every m; plain kernels and tables over every sample at every 8-bit
+// level count, 16-bit ones up to 65536.
 #include "reducebits/kernels.h"
 #include "support/kernel_harness.h"
 
@@ -18,6 +19,26 @@ TEST(ReduceBitsKernelSetsExhaustive, OrderedDither) {
         zt::expectVectorsMatchScalar(rbTables, &RbKernels::bayer16s8uC1, true, fixedBayer<Rb16s8u>(m, 0));
         for (int mw : {m, 60909, 65535}) zt::expectVectorsMatchScalar(rbTables, &RbKernels::bayer16uC1, true, fixedBayer<Rb16u>(mw, 1));
         for (int mw : {m, 60909, 65535}) zt::expectVectorsMatchScalar(rbTables, &RbKernels::bayer16sC1, true, fixedBayer<Rb16s>(mw, 2));
+    }
+    for (int m = 1; m < 256; ++m)  // 8u: every sample, level count and matrix entry
+        for (int y = 0; y < 4; ++y) zt::expectVectorsMatchScalar(rbTables, &RbKernels::bayer8uC1, true, fixedBayer<Rb8u>(m, y));
+}
+
+// The vector kernels of plain quantisation: every sample at every 8-bit level count, 16-bit ones at a spread.
+TEST(ReduceBitsKernelSetsExhaustive, Plain) {
+    for (int m = 1; m < 256; ++m) {
+        std::vector<Zor8u> table(256);
+        fillPlainTable<Rb8u>(table.data(), m);
+        const auto withTable = [&](std::mt19937&) { return std::make_tuple(static_cast<const Zor8u*>(table.data())); };
+        zt::expectVectorsMatchScalar(rbTables, &RbKernels::plainTable8uC1, true, withTable);
+        const auto fixed = [m](std::mt19937&) { return std::make_tuple(m); };
+        zt::expectVectorsMatchScalar(rbTables, &RbKernels::plain16u8uC1, true, fixed);
+        zt::expectVectorsMatchScalar(rbTables, &RbKernels::plain16s8uC1, true, fixed);
+    }
+    for (int m : {1, 2, 254, 255, 256, 60909, 65534, 65535}) {
+        const auto fixed = [m](std::mt19937&) { return std::make_tuple(m); };
+        zt::expectVectorsMatchScalar(rbTables, &RbKernels::plain16uC1, true, fixed);
+        zt::expectVectorsMatchScalar(rbTables, &RbKernels::plain16sC1, true, fixed);
     }
 }
 
