@@ -144,31 +144,9 @@ void plainLookupRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, const typename 
     ::zor::plainLookupRow<Tr, Ch, N>({s.p + o}, {d.p + o}, width - x0, table);
 }
 
-// A 16-bit sample u on 0..1, the float u / 65535, as the double u (1 / 65535)
-// rounded to float. That is the same float: u / 65535 is 0, 1 or the binary
-// fraction repeating u's 16 bits, whose bits after the 25th are never all
-// zeros or all ones for 28 places, so it lies more than 2^-42 of itself away
-// from every midpoint between two floats, and the two roundings of the double
-// product move it by less than 2^-51 of itself.
-template <class S>
-HWY_INLINE VF plainValue16(const S* p) {
-    const DF df;
-    const hn::Half<DF> dh;
-    const hn::Repartition<double, DF> dd;
-    const hn::Rebind<std::int32_t, decltype(dd)> di;
-    const hn::Rebind<S, decltype(dd)> ds;
-    const auto c = hn::Set(dd, 1.0 / 65535.0);
-    const auto half = [&](const S* q) {
-        auto i = hn::PromoteTo(di, hn::LoadU(ds, q));
-        if constexpr (std::is_same_v<S, Zor16s>) i = hn::Add(i, hn::Set(di, 32768));
-        return hn::DemoteTo(dh, hn::Mul(hn::PromoteTo(dd, i), c));
-    };
-    return hn::Combine(df, half(p + hn::Lanes(dh)), half(p));
-}
-
-// Plain quantisation of 16-bit and 32f sources: 16-bit samples on 0..1 as
-// above, 32f lanes with |x| <= 16384 (so that every product converts to int
-// without saturating).
+// Plain quantisation of 16-bit and 32f sources: 16-bit samples divided by
+// 65535 as the scalar kernel does (a true division), 32f lanes with
+// |x| <= 16384 (so that every product converts to int without saturating).
 template <class Tr, int Ch, int N>
 void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
     static_assert(!Tr::kByteSrc, "8u uses a table");
@@ -177,7 +155,7 @@ void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
     const int n = static_cast<int>(hn::Lanes(df));
     const float mfs = static_cast<float>(m), invs = 1.0f / mfs;
     const VF mf = hn::Set(df, mfs), inv = hn::Set(df, invs), half = hn::Set(df, 0.5f * invs);
-    const VF scale = hn::Set(df, Tr::kDstScale), limit = hn::Set(df, 16384.0f);
+    const VF scale = hn::Set(df, Tr::kDstScale), limit = hn::Set(df, 16384.0f), full = hn::Set(df, 65535.0f);
     const VI top = hn::Set(di, Tr::kTopLevel);
     const auto levels = [&](int, const typename Tr::Src* p, VI* out) {
         auto ok = hn::Not(hn::Ne(hn::Zero(df), hn::Zero(df)));
@@ -187,7 +165,7 @@ void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
                 x = hn::LoadU(df, p + v * n);
                 ok = hn::And(ok, hn::Le(hn::Abs(x), limit));
             } else {
-                x = plainValue16(p + v * n);
+                x = hn::Div(loadWork(p + v * n), full);
             }
             VF q = hn::Mul(hn::ConvertTo(df, hn::ConvertTo(di, hn::Mul(mf, x))), inv);
             q = hn::IfThenElse(hn::Gt(hn::Sub(x, q), half), hn::Add(q, inv), q);
