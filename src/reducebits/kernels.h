@@ -259,10 +259,12 @@ using Rb32f16s = RbTraits<Zor32f, Zor16s>;
     ZOR_RB_LAYOUTS(X, name##32f8u, bayerRow, Rb32f8u, , Th)                                      \
     ZOR_RB_LAYOUTS(X, name##32f16u, bayerRow, Rb32f16u, , Th)                                    \
     ZOR_RB_LAYOUTS(X, name##32f16s, bayerRow, Rb32f16s, , Th)
+#define ZOR_RB_PLAIN16(X)                                                                            \
+    ZOR_RB_LAYOUTS(X, plain16u, plainRow, Rb16u) ZOR_RB_LAYOUTS(X, plain16s, plainRow, Rb16s)         \
+    ZOR_RB_LAYOUTS(X, plain16u8u, plainRow, Rb16u8u) ZOR_RB_LAYOUTS(X, plain16s8u, plainRow, Rb16s8u)
 #define ZOR_RB_KERNELS(X)                                                                            \
     ZOR_RB_LAYOUTS(X, plainTable8u, plainLookupRow, Rb8u)                                            \
-    ZOR_RB_LAYOUTS(X, plain16u, plainRow, Rb16u) ZOR_RB_LAYOUTS(X, plain16s, plainRow, Rb16s)         \
-    ZOR_RB_LAYOUTS(X, plain16u8u, plainRow, Rb16u8u) ZOR_RB_LAYOUTS(X, plain16s8u, plainRow, Rb16s8u) \
+    ZOR_RB_PLAIN16(X)                                                                                \
     ZOR_RB_LAYOUTS(X, plain32f8u, plainRow, Rb32f8u) ZOR_RB_LAYOUTS(X, plain32f16u, plainRow, Rb32f16u) \
     ZOR_RB_LAYOUTS(X, plain32f16s, plainRow, Rb32f16s)                                               \
     ZOR_RB_BAYER(X, bayer, BayerMatrix) ZOR_RB_BAYER(X, bayerNoise, BayerNoise)

@@ -202,7 +202,7 @@ void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th
         for (int v = 0; v < N; ++v) rowThr[v] = hn::Load(df, thr + v * n);
     }
     const VF invStep = hn::Set(df, q.invStep), step = hn::Set(df, q.step), one = hn::Set(df, 1.0f);
-    const VF bias = hn::Set(df, Tr::kByteSrc ? static_cast<float>(kLevelBias) : biasBelow());
+    const VF bias = hn::Set(df, biasBelow());
     const VF below = hn::Set(df, 8388608.0f);
     // 8u: (k M) >> 8 as the float k (M / 256), exact below 2^24.
     const VF mult = hn::Set(df, static_cast<float>(q.mult) * 0.00390625f);
@@ -215,12 +215,13 @@ void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th
             const VF w = loadWork(p + v * n);
             const VF pr = hn::Mul(w, invStep);
             if constexpr (Tr::kFloatSrc) ok = hn::And(ok, hn::And(hn::Ge(pr, hn::Zero(df)), hn::Lt(pr, below)));
-            // The level index k as a float. 8u: the float sum with the bias
-            // truncates as the double sum does for every sample and level
-            // count (both give floor(v m / 255)).
+            // The level index k as a float. 8u: the float product never
+            // falls short of an integer that v m / 255 reaches, so for every
+            // sample and level count its floor is the biased double's
+            // truncation, floor(v m / 255).
             VF kf;
             if constexpr (Tr::kByteSrc)
-                kf = hn::Floor(hn::Add(pr, bias));
+                kf = hn::Floor(pr);
             else
                 kf = truncBiasedF(pr, bias);
             const VF t = kRowPeriodic<Th> ? rowThr[v] : hn::Load(df, thr + v * n);
@@ -251,7 +252,25 @@ void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th
 
 // ---------------------------------------------------------------------------
 
-HWY_MAYBE_UNUSED constexpr RbKernels kRbVector = {ZOR_RB_KERNELS(ZOR_KERNEL_POINTER)};
+// With 128- and 256-bit vectors on x86 the division of the plain 16-bit
+// kernels costs more than the call's table of 65536: those targets keep the
+// scalar kernels there (and the caller the table).
+#if HWY_TARGET != HWY_SCALAR
+inline constexpr bool kPlain16InVectors = !HWY_ARCH_X86 || HWY_TARGET == HWY_AVX3;
+#else
+inline constexpr bool kPlain16InVectors = false;
+#endif
+
+constexpr RbKernels vectorKernels() {
+    RbKernels t = {ZOR_RB_KERNELS(ZOR_KERNEL_POINTER)};
+#define ZOR_RB_SCALAR_MEMBER(name, fn, args) t.name = &::zor::fn<ZOR_STRIP args>;
+    if (!kPlain16InVectors) {
+        ZOR_RB_PLAIN16(ZOR_RB_SCALAR_MEMBER)
+    }
+#undef ZOR_RB_SCALAR_MEMBER
+    return t;
+}
+HWY_MAYBE_UNUSED constexpr RbKernels kRbVector = vectorKernels();
 
 }  // namespace HWY_NAMESPACE
 }  // namespace zor
