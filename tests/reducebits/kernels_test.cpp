@@ -3,7 +3,6 @@
 #include "reducebits/kernels.h"
 #include "support/kernel_harness.h"
 
-#include <array>
 #include <cmath>
 namespace {
 using namespace zor;
@@ -13,19 +12,12 @@ int randomM(std::mt19937& rng) {  // 1, the largest, small or any
     const unsigned pick = rng() % 4, max = Tr::kMaxLevels - 1;
     return static_cast<int>(pick == 0 ? 1 : pick == 1 ? max : 1 + rng() % (pick == 2 ? 16 : max));
 }
-// The 8u table of each m.
-const Zor8u* plainTable(int m) {
-    static const auto tables = [] {
-        std::vector<std::array<Zor8u, 256>> t(256);
-        for (int k = 1; k < 256; ++k) fillPlainTable<Rb8u>(t[k].data(), k);
-        return t;
-    }();
-    return tables[m].data();
-}
 template <class Tr, int Ch, int N>
-auto extrasFor(std::mt19937& rng) {
-    if constexpr (Tr::kByteSrc) return std::tuple<const Zor8u*>{plainTable(randomM<Tr>(rng))};
-    else return std::tuple<int>{randomM<Tr>(rng)};
+auto extrasFor(std::mt19937& rng) {  // m, or the 8u table of m
+    static Zor8u tables[256][256];
+    const int m = randomM<Tr>(rng);
+    if constexpr (Tr::kByteSrc) return fillPlainTable<Tr>(tables[m], m), std::tuple<const Zor8u*>{tables[m]};
+    else return std::tuple<int>{m};
 }
 template <class Tr, int Ch, int N, class Th>
 std::tuple<int, Quant, Th> extrasFor(std::mt19937& rng) {
