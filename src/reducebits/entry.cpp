@@ -127,30 +127,33 @@ ZorStatus diffuse(ZoriSize roi, const Src& src, const Dst& dst, int m, int noise
 }
 
 // ---------------------------------------------------------------------------
-// Plain quantisation, serial. 32f sources have vector kernels; 8-bit and
-// 16-bit sources look their samples up in a table quantised once per call
-// (256 entries on the stack, or 65536 from the allocator when the image has
-// enough samples to repay filling them).
+// Plain quantisation, serial. 8u samples are looked up in a table quantised
+// once per call (by a byte map in vectors where the target has one). 32f
+// sources, and 16-bit ones where the target has vector kernels, are
+// quantised sample by sample; 16-bit sources elsewhere look their samples up
+// in a table of 65536 (from the allocator) when the image has enough samples
+// to repay filling it.
 template <class Tr, int Ch, class Images>
 ZorStatus plain(ZoriSize roi, const Images& images, int m) {
     constexpr int N = std::tuple_element_t<0, Images>::kSamples;
     using D = typename Tr::Dst;
-    if constexpr (Tr::kFloatSrc) {
-        return Rows<Serial, RbKernel<&plainRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<int>{m}));
+    if constexpr (Tr::kByteSrc) {
+        D table[kPlainTableSize<Tr>];
+        fillPlainTable<Tr>(table, m);
+        return Rows<Serial, RbKernel<&plainLookupRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<const D*>{table}));
     } else {
-        using K = ScalarKernel<&plainLookupRow<Tr, Ch, N>>;
-        if constexpr (Tr::kByteSrc) {
-            D table[kPlainTableSize<Tr>];
-            fillPlainTable<Tr>(table, m);
-            return Rows<Serial, K>::run(roi, images, std::make_tuple(Value<const D*>{table}));
-        } else {
-            if (static_cast<std::int64_t>(roi.width) * roi.height * Ch < kPlainTableSize<Tr> / 2)
-                return Rows<Serial, ScalarKernel<&plainRow<Tr, Ch, N>>>::run(roi, images, std::make_tuple(Value<int>{m}));
+        using Direct = RbKernel<&plainRow<Tr, Ch, N>>;
+        if (Tr::kFloatSrc || Direct::resolve() != &plainRow<Tr, Ch, N> ||
+            static_cast<std::int64_t>(roi.width) * roi.height * Ch < kPlainTableSize<Tr> / 2)
+            return Rows<Serial, Direct>::run(roi, images, std::make_tuple(Value<int>{m}));
+        if constexpr (!Tr::kFloatSrc) {
             Block<D> table(kPlainTableSize<Tr>);
             if (!table) return zorStsNoMemory;
             fillPlainTable<Tr>(table.get(), m);
-            return Rows<Serial, K>::run(roi, images, std::make_tuple(Value<const D*>{table.get()}));
+            return Rows<Serial, ScalarKernel<&plainLookupRow<Tr, Ch, N>>>::run(roi, images,
+                                                                                std::make_tuple(Value<const D*>{table.get()}));
         }
+        return zorStsOk;
     }
 }
 

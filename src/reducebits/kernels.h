@@ -235,9 +235,10 @@ struct TwoRows {
 };
 
 // ---------------------------------------------------------------------------
-// The shapes with vector kernels (reducebits/reducebits_hwy.cpp): plain
-// quantisation of 32f sources and the ordered dither of every type pair, with
-// and without noise, in the layouts C1, C3, AC4 and C4 (Ch processed of N).
+// The shapes with vector kernels (reducebits/reducebits_hwy.cpp): the plain
+// table lookup of 8u, plain quantisation of 16-bit and 32f sources and the
+// ordered dither of every type pair, with and without noise, in the layouts
+// C1, C3, AC4 and C4 (Ch processed of N).
 using Rb8u = RbTraits<Zor8u, Zor8u>;
 using Rb16u = RbTraits<Zor16u, Zor16u>;
 using Rb16s = RbTraits<Zor16s, Zor16s>;
@@ -258,7 +259,12 @@ using Rb32f16s = RbTraits<Zor32f, Zor16s>;
     ZOR_RB_LAYOUTS(X, name##32f8u, bayerRow, Rb32f8u, , Th)                                      \
     ZOR_RB_LAYOUTS(X, name##32f16u, bayerRow, Rb32f16u, , Th)                                    \
     ZOR_RB_LAYOUTS(X, name##32f16s, bayerRow, Rb32f16s, , Th)
+#define ZOR_RB_PLAIN16(X)                                                                            \
+    ZOR_RB_LAYOUTS(X, plain16u, plainRow, Rb16u) ZOR_RB_LAYOUTS(X, plain16s, plainRow, Rb16s)         \
+    ZOR_RB_LAYOUTS(X, plain16u8u, plainRow, Rb16u8u) ZOR_RB_LAYOUTS(X, plain16s8u, plainRow, Rb16s8u)
 #define ZOR_RB_KERNELS(X)                                                                            \
+    ZOR_RB_LAYOUTS(X, plainTable8u, plainLookupRow, Rb8u)                                            \
+    ZOR_RB_PLAIN16(X)                                                                                \
     ZOR_RB_LAYOUTS(X, plain32f8u, plainRow, Rb32f8u) ZOR_RB_LAYOUTS(X, plain32f16u, plainRow, Rb32f16u) \
     ZOR_RB_LAYOUTS(X, plain32f16s, plainRow, Rb32f16s)                                               \
     ZOR_RB_BAYER(X, bayer, BayerMatrix) ZOR_RB_BAYER(X, bayerNoise, BayerNoise)

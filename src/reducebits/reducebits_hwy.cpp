@@ -1,7 +1,8 @@
 // Vector kernels of the bit-depth reduction, compiled once per CPU target:
-// plain quantisation of 32f sources and the ordered dither of every type
-// pair. Each computes exactly what its scalar kernel (reducebits/kernels.h)
-// computes, in float lanes: the same products and sums in the same order.
+// the plain table lookup of 8u (a byte map in vectors), plain quantisation
+// of 16-bit and 32f sources and the ordered dither of every type pair. Each
+// computes exactly what its scalar kernel (reducebits/kernels.h) computes, in
+// float lanes: the same products, quotients and sums in the same order.
 //
 // The one step that the scalar kernels take in double precision is the
 // biased truncation trunc(p + 0.000009) of a float p (the level index, and
@@ -18,6 +19,7 @@
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
 #include "hwy/cache_control.h"
+#include "core/bytemap-inl.h"
 #include "core/lanes-inl.h"
 #include "hwy/highway.h"
 #include "reducebits/kernels.h"
@@ -47,6 +49,13 @@ HWY_INLINE VI truncBiased(VF p, VF bias) {
     return hn::Sub(k, hn::VecFromMask(di, hn::RebindMask(di, up)));
 }
 
+// The same as a float, found in float lanes.
+HWY_INLINE VF truncBiasedF(VF p, VF bias) {
+    const DF df;
+    const VF k = hn::Floor(p), next = hn::Add(k, hn::Set(df, 1.0f));
+    return hn::IfThenElse(hn::Le(hn::Sub(next, p), bias), next, k);
+}
+
 // Samples on the working scale (16s shifted by +32768), one per float lane.
 template <class S>
 HWY_INLINE VF loadWork(const S* p) {
@@ -63,18 +72,14 @@ HWY_INLINE VF loadWork(const S* p) {
 }
 
 // Levels on the unsigned destination scale to destination samples: their
-// low bits, 16s offset by -32768.
+// low bits (a truncating narrowing), 16s offset by -32768.
 template <class D>
 HWY_INLINE void storeLevels(VI level, D* p) {
     const DI di;
-    const hn::Rebind<D, DF> dd;
-    if constexpr (std::is_same_v<D, Zor8u>) {
-        hn::StoreU(hn::DemoteTo(dd, hn::And(level, hn::Set(di, 0xFF))), dd, p);
-    } else {
-        VI v = hn::And(level, hn::Set(di, 0xFFFF));
-        if constexpr (std::is_same_v<D, Zor16s>) v = hn::Sub(v, hn::Set(di, 32768));
-        hn::StoreU(hn::DemoteTo(dd, v), dd, p);
-    }
+    const hn::RebindToUnsigned<DI> du;
+    const hn::Rebind<hwy::MakeUnsigned<D>, DF> dd;
+    if constexpr (std::is_same_v<D, Zor16s>) level = hn::Sub(level, hn::Set(di, 32768));
+    hn::StoreU(hn::TruncateTo(dd, hn::BitCast(du, level)), dd, reinterpret_cast<hwy::MakeUnsigned<D>*>(p));
 }
 
 // The block driver shared by both methods: blocks of n pixels (n float
@@ -115,24 +120,53 @@ HWY_INLINE void blocks(const typename Tr::Src* s, typename Tr::Dst* d, int width
 }
 
 // ---------------------------------------------------------------------------
-// Plain quantisation of 32f sources, lanes with |x| <= 16384 (so that every
-// product converts to int without saturating).
+// Plain quantisation of 8u: the call's table as a byte map, n pixels (N
+// vectors of samples) at a time; AC4 keeps the destination's fourth samples.
+template <class Tr, int Ch, int N>
+void plainLookupRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, const typename Tr::Dst* table) {
+    static_assert(Tr::kByteSrc, "a byte table");
+    int x0 = 0;
+    if constexpr (kByteTableInVectors) {
+        const D8 d8;
+        const int n = static_cast<int>(hn::Lanes(d8));
+        const ByteMap map(table);
+        const auto alpha = hn::Eq(hn::And(hn::Iota(d8, 0), hn::Set(d8, 3)), hn::Set(d8, 3));
+        for (; x0 + n <= width; x0 += n) {
+            for (int v = 0; v < N; ++v) {
+                const std::ptrdiff_t i = static_cast<std::ptrdiff_t>(x0) * N + v * n;
+                V8 r = map(hn::LoadU(d8, s.p + i));
+                if constexpr (Ch != N) r = hn::IfThenElse(alpha, hn::LoadU(d8, d.p + i), r);
+                hn::StoreU(r, d8, d.p + i);
+            }
+        }
+    }
+    const std::ptrdiff_t o = static_cast<std::ptrdiff_t>(x0) * N;
+    ::zor::plainLookupRow<Tr, Ch, N>({s.p + o}, {d.p + o}, width - x0, table);
+}
+
+// Plain quantisation of 16-bit and 32f sources: 16-bit samples divided by
+// 65535 as the scalar kernel does (a true division), 32f lanes with
+// |x| <= 16384 (so that every product converts to int without saturating).
 template <class Tr, int Ch, int N>
 void plainRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int m) {
-    static_assert(Tr::kFloatSrc, "8-bit and 16-bit sources use a table");
+    static_assert(!Tr::kByteSrc, "8u uses a table");
     const DF df;
     const DI di;
     const int n = static_cast<int>(hn::Lanes(df));
     const float mfs = static_cast<float>(m), invs = 1.0f / mfs;
     const VF mf = hn::Set(df, mfs), inv = hn::Set(df, invs), half = hn::Set(df, 0.5f * invs);
-    const VF scale = hn::Set(df, Tr::kDstScale), limit = hn::Set(df, 16384.0f);
+    const VF scale = hn::Set(df, Tr::kDstScale), limit = hn::Set(df, 16384.0f), full = hn::Set(df, 65535.0f);
     const VI top = hn::Set(di, Tr::kTopLevel);
-    const auto levels = [&](int, const Zor32f* p, VI* out) {
-        auto ok = hn::Ne(hn::Zero(df), hn::Zero(df));
-        ok = hn::Not(ok);
+    const auto levels = [&](int, const typename Tr::Src* p, VI* out) {
+        auto ok = hn::Not(hn::Ne(hn::Zero(df), hn::Zero(df)));
         for (int v = 0; v < N; ++v) {
-            const VF x = hn::LoadU(df, p + v * n);
-            ok = hn::And(ok, hn::Le(hn::Abs(x), limit));
+            VF x;
+            if constexpr (Tr::kFloatSrc) {
+                x = hn::LoadU(df, p + v * n);
+                ok = hn::And(ok, hn::Le(hn::Abs(x), limit));
+            } else {
+                x = hn::Div(loadWork(p + v * n), full);
+            }
             VF q = hn::Mul(hn::ConvertTo(df, hn::ConvertTo(di, hn::Mul(mf, x))), inv);
             q = hn::IfThenElse(hn::Gt(hn::Sub(x, q), half), hn::Add(q, inv), q);
             out[v] = hn::Min(hn::ConvertTo(di, hn::Mul(q, scale)), top);
@@ -159,13 +193,20 @@ void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th
     const DI di;
     const int n = static_cast<int>(hn::Lanes(df));
     HWY_ALIGN float thr[N * hn::MaxLanes(df)];
+    VF rowThr[N];  // the matrix's thresholds of a block, the same for every block of the row
     const auto fill = [&](int x0) {
         for (int i = 0; i < n * N; ++i) thr[i] = th(x0 + i / N, y);
     };
-    if constexpr (kRowPeriodic<Th>) fill(0);
+    if constexpr (kRowPeriodic<Th>) {
+        fill(0);
+        for (int v = 0; v < N; ++v) rowThr[v] = hn::Load(df, thr + v * n);
+    }
     const VF invStep = hn::Set(df, q.invStep), step = hn::Set(df, q.step), one = hn::Set(df, 1.0f);
-    const VF bias = hn::Set(df, biasBelow()), below = hn::Set(df, 8388608.0f);
-    const VI mult = hn::Set(di, q.mult), top = hn::Set(di, Tr::kTopLevel);
+    const VF bias = hn::Set(df, biasBelow());
+    const VF below = hn::Set(df, 8388608.0f);
+    // 8u: (k M) >> 8 as the float k (M / 256), exact below 2^24.
+    const VF mult = hn::Set(df, static_cast<float>(q.mult) * 0.00390625f);
+    const VI top = hn::Set(di, Tr::kTopLevel);
     const VF scale = hn::Set(df, Tr::kDstScale);
     const auto levels = [&](int x0, const typename Tr::Src* p, VI* out) {
         if constexpr (!kRowPeriodic<Th>) fill(x0);
@@ -174,13 +215,20 @@ void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th
             const VF w = loadWork(p + v * n);
             const VF pr = hn::Mul(w, invStep);
             if constexpr (Tr::kFloatSrc) ok = hn::And(ok, hn::And(hn::Ge(pr, hn::Zero(df)), hn::Lt(pr, below)));
-            VI k = truncBiased(pr, bias);
-            VF kf = hn::ConvertTo(df, k);
-            const MF up = hn::Gt(hn::Sub(w, hn::Mul(kf, step)), hn::Load(df, thr + v * n));
-            k = hn::Sub(k, hn::VecFromMask(di, hn::RebindMask(di, up)));
+            // The level index k as a float. 8u: the float product never
+            // falls short of an integer that v m / 255 reaches, so for every
+            // sample and level count its floor is the biased double's
+            // truncation, floor(v m / 255).
+            VF kf;
+            if constexpr (Tr::kByteSrc)
+                kf = hn::Floor(pr);
+            else
+                kf = truncBiasedF(pr, bias);
+            const VF t = kRowPeriodic<Th> ? rowThr[v] : hn::Load(df, thr + v * n);
+            const MF up = hn::Gt(hn::Sub(w, hn::Mul(kf, step)), t);
             kf = hn::IfThenElse(up, hn::Add(kf, one), kf);
             if constexpr (Tr::kByteSrc) {
-                out[v] = hn::ShiftRight<8>(hn::Mul(k, mult));
+                out[v] = hn::ConvertTo(di, hn::Mul(kf, mult));
             } else if constexpr (Tr::kWideScale) {
                 VI level = truncBiased(hn::Mul(kf, step), bias);
                 if constexpr (sizeof(typename Tr::Dst) == 1) level = hn::ShiftRight<8>(level);
@@ -204,7 +252,25 @@ void bayerRow(SrcRow<Tr, N> s, DstRow<Tr, N> d, int width, int y, Quant q, Th th
 
 // ---------------------------------------------------------------------------
 
-HWY_MAYBE_UNUSED constexpr RbKernels kRbVector = {ZOR_RB_KERNELS(ZOR_KERNEL_POINTER)};
+// With 128- and 256-bit vectors on x86 the division of the plain 16-bit
+// kernels costs more than the call's table of 65536: those targets keep the
+// scalar kernels there (and the caller the table).
+#if HWY_TARGET != HWY_SCALAR
+inline constexpr bool kPlain16InVectors = !HWY_ARCH_X86 || HWY_TARGET == HWY_AVX3;
+#else
+inline constexpr bool kPlain16InVectors = false;
+#endif
+
+constexpr RbKernels vectorKernels() {
+    RbKernels t = {ZOR_RB_KERNELS(ZOR_KERNEL_POINTER)};
+#define ZOR_RB_SCALAR_MEMBER(name, fn, args) t.name = &::zor::fn<ZOR_STRIP args>;
+    if (!kPlain16InVectors) {
+        ZOR_RB_PLAIN16(ZOR_RB_SCALAR_MEMBER)
+    }
+#undef ZOR_RB_SCALAR_MEMBER
+    return t;
+}
+HWY_MAYBE_UNUSED constexpr RbKernels kRbVector = vectorKernels();
 
 }  // namespace HWY_NAMESPACE
 }  // namespace zor

@@ -1,9 +1,8 @@
 // Vector kernels of the gamma correction, compiled once per CPU target. Every
 // kernel gives exactly what its scalar kernel (twist/gamma_kernels.h) gives.
 //
-// 8u: the 256-byte table as sixteen 16-byte tables, each looked up by the low
-// four bits of the samples (a byte shuffle); the sample's high four bits
-// pick the right one in four rounds of selects.
+// 8u: the 256-byte table as a byte map in vectors (core/bytemap-inl.h), at
+// the targets where that beats the scalar table.
 //
 // 32f: the linear branch is computed as the scalar kernel does it, in double
 // lanes. On the power branch a vector pow in double (log2, exp2 as
@@ -18,6 +17,7 @@
 #define HWY_TARGET_INCLUDE "twist/gamma_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
+#include "core/bytemap-inl.h"
 #include "core/lanes-inl.h"
 #include "hwy/highway.h"
 #include "twist/gamma_kernels.h"
@@ -31,36 +31,11 @@ namespace hn = hwy::HWY_NAMESPACE;
 #if HWY_TARGET != HWY_SCALAR
 
 // ---------------------------------------------------------------------------
-// 8u: a byte table in vectors.
-
-using D8 = hn::ScalableTag<std::uint8_t>;
-using V8 = hn::Vec<D8>;
-using DI8 = hn::RebindToSigned<D8>;
+// 8u: the stored table as a byte map in vectors.
 
 template <bool Fwd>
-struct VecMap8u {
-    V8 part[16];  // part[h][l] = table[16 h + l], in every 128-bit block
-    explicit VecMap8u(Stored8u<Fwd>) {
-        const Zor8u* t = Fwd ? tableFwd8u : tableInv8u;
-        for (int h = 0; h < 16; ++h) part[h] = hn::LoadDup128(D8(), t + 16 * h);
-    }
-    HWY_INLINE V8 operator()(V8 v) const {
-        const D8 d8;
-        const DI8 di8;
-        const V8 low = hn::And(v, hn::Set(d8, 0x0F));
-        V8 r[8];
-        // Bit 4 of the sample (moved to the sign bit) picks part 2j + 1 or
-        // 2j, then bits 5, 6 and 7 in turn.
-        const auto pick = [&](int shift, V8 odd, V8 even) {
-            const hn::Vec<DI8> sign = hn::BitCast(di8, hn::ShiftLeftSame(hn::BitCast(hn::Repartition<std::uint16_t, D8>(), v), shift));
-            return hn::BitCast(d8, hn::IfNegativeThenElse(sign, hn::BitCast(di8, odd), hn::BitCast(di8, even)));
-        };
-        for (int j = 0; j < 8; ++j)
-            r[j] = pick(3, hn::TableLookupBytes(part[2 * j + 1], low), hn::TableLookupBytes(part[2 * j], low));
-        for (int j = 0; j < 4; ++j) r[j] = pick(2, r[2 * j + 1], r[2 * j]);
-        for (int j = 0; j < 2; ++j) r[j] = pick(1, r[2 * j + 1], r[2 * j]);
-        return pick(0, r[1], r[0]);
-    }
+struct VecMap8u : ByteMap {
+    explicit VecMap8u(Stored8u<Fwd>) : ByteMap(Fwd ? tableFwd8u : tableInv8u) {}
     template <int J>
     HWY_INLINE void apply(V8 (&v)[J]) const {
         for (V8& x : v) x = (*this)(x);
@@ -271,11 +246,6 @@ template <bool Fwd>
 struct VecMapOf<Zor32f, Curve32f<Fwd>> {
     using type = VecCurve32f<Fwd>;
 };
-
-// With 128- and 256-bit vectors on x86 the sixteen shuffles and fifteen
-// selects of the byte table cost more than the scalar table: SSE4 and AVX2
-// keep the scalar kernel for 8u.
-inline constexpr bool kByteTableInVectors = !HWY_ARCH_X86 || HWY_TARGET == HWY_AVX3;
 
 template <class L, class T, class Map>
 void innerGamma(RowOf<L, const T> s, RowOf<L, T> d, int width, Map map) {

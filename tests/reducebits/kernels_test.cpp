@@ -13,7 +13,12 @@ int randomM(std::mt19937& rng) {  // 1, the largest, small or any
     return static_cast<int>(pick == 0 ? 1 : pick == 1 ? max : 1 + rng() % (pick == 2 ? 16 : max));
 }
 template <class Tr, int Ch, int N>
-std::tuple<int> extrasFor(std::mt19937& rng) { return {randomM<Tr>(rng)}; }
+auto extrasFor(std::mt19937& rng) {  // m, or the 8u table of m
+    static Zor8u tables[256][256];
+    const int m = randomM<Tr>(rng);
+    if constexpr (Tr::kByteSrc) return fillPlainTable<Tr>(tables[m], m), std::tuple<const Zor8u*>{tables[m]};
+    else return std::tuple<int>{m};
+}
 template <class Tr, int Ch, int N, class Th>
 std::tuple<int, Quant, Th> extrasFor(std::mt19937& rng) {
     static NoiseTables noise[2];  // 1 and 100 percent
