@@ -46,7 +46,9 @@ struct Wave {
     static std::int64_t steps(int width) { return static_cast<std::int64_t>(width) + Method::kSkew * (kWaveRows - 1); }
     static std::int64_t errLen(int width) { return (kPre + steps(width)) * kStride; }
     static std::int64_t tileLen(int width) { return steps(width) * kWaveRows; }
-    static std::int64_t len(int width) { return errLen(width) + 2 * tileLen(width) + 2 * static_cast<std::int64_t>(width); }
+    static std::int64_t len(int width) {
+        return errLen(width) + 2 * tileLen(width) + 2 * static_cast<std::int64_t>(width);
+    }
 };
 
 // Floats of working memory of one section, enough for the scalar and the
@@ -64,8 +66,8 @@ void diffuseRows(const DiffuseArea<Tr>& a, int first, int end, const Quant& q, c
     for (int i = 0; i < Method::kRows; ++i) e[i] = scratch + i * rowLen + Method::kGuard;
     for (int c = first; c < end; ++c)
         forRows<Serial>(a.height, [&](int y) {
-            Method::template kernel<Tr, N, Th>(rowAt(a.src, a.srcStep, y) + c, rowAt(a.dst, a.dstStep, y) + c, e, a.width,
-                                               y, q, th);
+            Method::template kernel<Tr, N, Th>(rowAt(a.src, a.srcStep, y) + c, rowAt(a.dst, a.dstStep, y) + c, e,
+                                               a.width, y, q, th);
             std::rotate(e, e + 1, e + Method::kRows);
         });
 }
@@ -83,17 +85,19 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
 }
 
 // The shapes: every type pair, method and threshold.
-#define ZOR_RB_DIFFUSE_TYPE(X, name, Tr)                                                                      \
-    X(name##Fs, diffuseSection, (Tr, Fs, HalfStep)) X(name##FsNoise, diffuseSection, (Tr, Fs, NoiseThreshold)) \
-    X(name##Stucki, diffuseSection, (Tr, TwoRows<Stucki>, HalfStep))                                          \
-    X(name##StuckiNoise, diffuseSection, (Tr, TwoRows<Stucki>, NoiseThreshold))                               \
-    X(name##Jjn, diffuseSection, (Tr, TwoRows<Jjn>, HalfStep))                                                \
+#define ZOR_RB_DIFFUSE_TYPE(X, name, Tr)                                        \
+    X(name##Fs, diffuseSection, (Tr, Fs, HalfStep))                             \
+    X(name##FsNoise, diffuseSection, (Tr, Fs, NoiseThreshold))                  \
+    X(name##Stucki, diffuseSection, (Tr, TwoRows<Stucki>, HalfStep))            \
+    X(name##StuckiNoise, diffuseSection, (Tr, TwoRows<Stucki>, NoiseThreshold)) \
+    X(name##Jjn, diffuseSection, (Tr, TwoRows<Jjn>, HalfStep))                  \
     X(name##JjnNoise, diffuseSection, (Tr, TwoRows<Jjn>, NoiseThreshold))
-#define ZOR_RB_DIFFUSE(X)                                                                              \
-    ZOR_RB_DIFFUSE_TYPE(X, d8u, Rb8u) ZOR_RB_DIFFUSE_TYPE(X, d16u, Rb16u) ZOR_RB_DIFFUSE_TYPE(X, d16s, Rb16s) \
-    ZOR_RB_DIFFUSE_TYPE(X, d16u8u, Rb16u8u) ZOR_RB_DIFFUSE_TYPE(X, d16s8u, Rb16s8u)                        \
-    ZOR_RB_DIFFUSE_TYPE(X, d32f8u, Rb32f8u) ZOR_RB_DIFFUSE_TYPE(X, d32f16u, Rb32f16u)                      \
-    ZOR_RB_DIFFUSE_TYPE(X, d32f16s, Rb32f16s)
+#define ZOR_RB_DIFFUSE(X)                                                               \
+    ZOR_RB_DIFFUSE_TYPE(X, d8u, Rb8u)                                                   \
+    ZOR_RB_DIFFUSE_TYPE(X, d16u, Rb16u)                                                 \
+    ZOR_RB_DIFFUSE_TYPE(X, d16s, Rb16s) ZOR_RB_DIFFUSE_TYPE(X, d16u8u, Rb16u8u)         \
+        ZOR_RB_DIFFUSE_TYPE(X, d16s8u, Rb16s8u) ZOR_RB_DIFFUSE_TYPE(X, d32f8u, Rb32f8u) \
+            ZOR_RB_DIFFUSE_TYPE(X, d32f16u, Rb32f16u) ZOR_RB_DIFFUSE_TYPE(X, d32f16s, Rb32f16s)
 
 ZOR_KERNEL_TABLE(DiffuseKernels, ZOR_RB_DIFFUSE, kDiffuseScalar, diffuseTables, DiffuseK)
 

@@ -105,7 +105,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
     constexpr int K = kWaveRows / L;
     if (L > kWaveRows || kWaveRows % L != 0 || static_cast<int>(hn::Lanes(df)) != L)
         return ::zor::diffuseSection<Tr, Method, Th>(a, first, end, q, th, scratch);
-    constexpr int R = kWaveRows, S = Method::kSkew, P = Wv::kPre, St = Wv::kStride;
+    constexpr int R = kWaveRows, S = Method::kSkew, P = Wv::kPre, St = Wv::kStride, kChunk = 64;
     const int W = a.width, n = a.n;
     const int rows = (end - first) * a.height;
     const int T = static_cast<int>(Wv::steps(W));
@@ -125,16 +125,15 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
 
     forRows<Serial>((rows + R - 1) / R, [&](int wave) {
         const int r0 = wave * R, count = std::min(R, rows - r0);
-        // Stage the samples (and noise thresholds) of each row on its skew.
+        // Rows of the wave: channel and row, source and destination.
+        const typename Tr::Src* srcRow[R];
+        typename Tr::Dst* dstRow[R];
+        int rowY[R];
         for (int j = 0; j < count; ++j) {
             const int c = first + (r0 + j) / a.height, y = (r0 + j) % a.height;
-            const typename Tr::Src* s = rowAt(a.src, a.srcStep, y) + c;
-            float* col = tile + static_cast<std::ptrdiff_t>(S) * j * R + j;
-            for (int x = 0; x < W; ++x) col[static_cast<std::ptrdiff_t>(x) * R] = Tr::work(s[static_cast<std::ptrdiff_t>(x) * n]);
-            if constexpr (!std::is_same_v<Th, HalfStep>) {
-                float* tc = thr + static_cast<std::ptrdiff_t>(S) * j * R + j;
-                for (int x = 0; x < W; ++x) tc[static_cast<std::ptrdiff_t>(x) * R] = th(x, y);
-            }
+            srcRow[j] = rowAt(a.src, a.srcStep, y) + c;
+            dstRow[j] = rowAt(a.dst, a.dstStep, y) + c;
+            rowY[j] = y;
         }
         // The slots: the wave before's last row at column t + S, the one
         // before it at t + 2S.
@@ -152,58 +151,84 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
             hi[k] = hn::IfThenElse(hn::Lt(j, hn::Set(di, count)), hn::Add(lo[k], hn::Set(di, W)), lo[k]);
             left1[k] = left2[k] = hn::Zero(df);
         }
-        for (int t = 0; t < T; ++t) {
-            const VI tv = hn::Set(di, t);
-            float* const e = err + static_cast<std::ptrdiff_t>(P + t) * St + 2;
-            float* const in = tile + static_cast<std::ptrdiff_t>(t) * R;
-            for (int k = 0; k < K; ++k) {
-                // Lane j - back at step t + d - back * S.
-                const auto above = [&](int back, int d) {
-                    return hn::LoadU(df, e + (d - back * S) * St + k * L - back);
-                };
-                const MF valid = hn::RebindMask(df, hn::AndNot(hn::Lt(tv, lo[k]), hn::Lt(tv, hi[k])));
-                const VF v = hn::Add(hn::LoadU(df, in + k * L), WaveSum<Tr, Method>::sum(above, left1[k], left2[k]));
-                const MF isTop = hn::Ge(v, top);
-                const MF mid = hn::AndNot(isTop, hn::Ge(v, bottom));
-                const VF kf = floorBiased(hn::Mul(v, inv), bias);
-                const VF base = hn::Mul(kf, step);
-                const VF r = hn::Sub(v, base);
-                VF threshold = half;
-                if constexpr (!std::is_same_v<Th, HalfStep>)
-                    threshold = hn::LoadU(df, thr + static_cast<std::ptrdiff_t>(t) * R + k * L);
-                const MF up = hn::Gt(r, threshold);
-                const VF error = hn::IfThenElseZero(hn::And(mid, valid), hn::IfThenElse(up, hn::Sub(v, hn::Add(base, step)), r));
-                hn::StoreU(error, df, e + k * L);
-                left2[k] = left1[k];
-                left1[k] = error;
-                // The level of k + up on the destination scale.
-                const VF kf1 = hn::IfThenElse(up, hn::Add(kf, one), kf);
-                VI level;
-                if constexpr (Tr::kByteSrc) {
-                    level = hn::ShiftRight<8>(hn::Mul(hn::ConvertTo(di, kf1), mult));
-                } else if constexpr (Tr::kWideScale) {
-                    level = hn::ConvertTo(di, floorBiased(hn::Mul(kf1, step), bias));
-                    if constexpr (sizeof(typename Tr::Dst) == 1) level = hn::ShiftRight<8>(level);
-                } else {
-                    level = hn::ConvertTo(di, floorBiased(hn::Mul(hn::Mul(kf1, step), scale), bias));
+        // Steps in chunks, so that the tile rows that a chunk stages, runs
+        // and copies out stay in the first-level cache.
+        for (int t0 = 0; t0 < T; t0 += kChunk) {
+            const int t1 = std::min(T, t0 + kChunk);
+            // Lane j's columns at steps [t0, t1).
+            const auto columns = [&](int j, int& x0, int& x1) {
+                x0 = std::max(0, t0 - S * j);
+                x1 = std::min(W, t1 - S * j);
+            };
+            for (int j = 0; j < count; ++j) {
+                int x0, x1;
+                columns(j, x0, x1);
+                const typename Tr::Src* src = srcRow[j];
+                float* col = tile + static_cast<std::ptrdiff_t>(S) * j * R + j;
+                for (int x = x0; x < x1; ++x)
+                    col[static_cast<std::ptrdiff_t>(x) * R] = Tr::work(src[static_cast<std::ptrdiff_t>(x) * n]);
+                if constexpr (!std::is_same_v<Th, HalfStep>) {
+                    float* tc = thr + static_cast<std::ptrdiff_t>(S) * j * R + j;
+                    for (int x = x0; x < x1; ++x) tc[static_cast<std::ptrdiff_t>(x) * R] = th(x, rowY[j]);
                 }
-                // Lanes outside store 0 (a float zero, never a denormal).
-                level = hn::IfThenElse(hn::RebindMask(di, mid), level, hn::IfThenElseZero(hn::RebindMask(di, isTop), topLevel));
-                level = hn::IfThenElseZero(hn::RebindMask(di, valid), level);
-                hn::StoreU(hn::BitCast(df, level), df, in + k * L);
+            }
+            for (int t = t0; t < t1; ++t) {
+                const VI tv = hn::Set(di, t);
+                float* const e = err + static_cast<std::ptrdiff_t>(P + t) * St + 2;
+                float* const in = tile + static_cast<std::ptrdiff_t>(t) * R;
+                for (int k = 0; k < K; ++k) {
+                    // Lane j - back at step t + d - back * S.
+                    const auto above = [&](int back, int d) {
+                        return hn::LoadU(df, e + (d - back * S) * St + k * L - back);
+                    };
+                    const MF valid = hn::RebindMask(df, hn::AndNot(hn::Lt(tv, lo[k]), hn::Lt(tv, hi[k])));
+                    const VF v =
+                        hn::Add(hn::LoadU(df, in + k * L), WaveSum<Tr, Method>::sum(above, left1[k], left2[k]));
+                    const MF isTop = hn::Ge(v, top);
+                    const MF mid = hn::AndNot(isTop, hn::Ge(v, bottom));
+                    const VF kf = floorBiased(hn::Mul(v, inv), bias);
+                    const VF base = hn::Mul(kf, step);
+                    const VF r = hn::Sub(v, base);
+                    VF threshold = half;
+                    if constexpr (!std::is_same_v<Th, HalfStep>)
+                        threshold = hn::LoadU(df, thr + static_cast<std::ptrdiff_t>(t) * R + k * L);
+                    const MF up = hn::Gt(r, threshold);
+                    const VF error =
+                        hn::IfThenElseZero(hn::And(mid, valid), hn::IfThenElse(up, hn::Sub(v, hn::Add(base, step)), r));
+                    hn::StoreU(error, df, e + k * L);
+                    left2[k] = left1[k];
+                    left1[k] = error;
+                    // The level of k + up on the destination scale.
+                    const VF kf1 = hn::IfThenElse(up, hn::Add(kf, one), kf);
+                    VI level;
+                    if constexpr (Tr::kByteSrc) {
+                        level = hn::ShiftRight<8>(hn::Mul(hn::ConvertTo(di, kf1), mult));
+                    } else if constexpr (Tr::kWideScale) {
+                        level = hn::ConvertTo(di, floorBiased(hn::Mul(kf1, step), bias));
+                        if constexpr (sizeof(typename Tr::Dst) == 1) level = hn::ShiftRight<8>(level);
+                    } else {
+                        level = hn::ConvertTo(di, floorBiased(hn::Mul(hn::Mul(kf1, step), scale), bias));
+                    }
+                    // Lanes outside store 0 (a float zero, never a denormal).
+                    level = hn::IfThenElse(hn::RebindMask(di, mid), level,
+                                           hn::IfThenElseZero(hn::RebindMask(di, isTop), topLevel));
+                    level = hn::IfThenElseZero(hn::RebindMask(di, valid), level);
+                    hn::StoreU(hn::BitCast(df, level), df, in + k * L);
+                }
+            }
+            for (int j = 0; j < count; ++j) {
+                int x0, x1;
+                columns(j, x0, x1);
+                typename Tr::Dst* d = dstRow[j];
+                const float* col = tile + static_cast<std::ptrdiff_t>(S) * j * R + j;
+                for (int x = x0; x < x1; ++x) {
+                    std::int32_t level;
+                    std::memcpy(&level, col + static_cast<std::ptrdiff_t>(x) * R, 4);
+                    d[static_cast<std::ptrdiff_t>(x) * n] = Tr::store(level);
+                }
             }
         }
-        // Levels out; the last two rows' errors kept for the next wave.
-        for (int j = 0; j < count; ++j) {
-            const int c = first + (r0 + j) / a.height, y = (r0 + j) % a.height;
-            typename Tr::Dst* d = rowAt(a.dst, a.dstStep, y) + c;
-            const float* col = tile + static_cast<std::ptrdiff_t>(S) * j * R + j;
-            for (int x = 0; x < W; ++x) {
-                std::int32_t level;
-                std::memcpy(&level, col + static_cast<std::ptrdiff_t>(x) * R, 4);
-                d[static_cast<std::ptrdiff_t>(x) * n] = Tr::store(level);
-            }
-        }
+        // The last two rows' errors, kept for the next wave.
         if (count == R) {
             const float* last = err + static_cast<std::ptrdiff_t>(P + S * (R - 1)) * St + 2 + R - 1;
             const float* before = err + static_cast<std::ptrdiff_t>(P + S * (R - 2)) * St + 2 + R - 2;
