@@ -96,6 +96,17 @@ struct WaveSum<Tr, TwoRows<W>> {
     }
 };
 
+// Calls f with the samples per pixel as a constant (1, 3 or 4).
+template <class F>
+HWY_INLINE void withSamples(int n, const F& f) {
+    if (n == 1)
+        f(std::integral_constant<int, 1>());
+    else if (n == 3)
+        f(std::integral_constant<int, 3>());
+    else
+        f(std::integral_constant<int, 4>());
+}
+
 template <class Tr, class Method, class Th>
 void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q, const Th& th, float* scratch) {
     using Wv = Wave<Method>;
@@ -163,10 +174,11 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
             for (int j = 0; j < count; ++j) {
                 int x0, x1;
                 columns(j, x0, x1);
-                const typename Tr::Src* src = srcRow[j];
-                float* col = tile + static_cast<std::ptrdiff_t>(S) * j * R + j;
-                for (int x = x0; x < x1; ++x)
-                    col[static_cast<std::ptrdiff_t>(x) * R] = Tr::work(src[static_cast<std::ptrdiff_t>(x) * n]);
+                float* col = tile + (static_cast<std::ptrdiff_t>(S) * j + x0) * R + j;
+                withSamples(n, [&](auto samples) {
+                    const typename Tr::Src* src = srcRow[j] + static_cast<std::ptrdiff_t>(x0) * samples();
+                    for (int x = x0; x < x1; ++x, src += samples(), col += R) *col = Tr::work(*src);
+                });
                 if constexpr (!std::is_same_v<Th, HalfStep>) {
                     float* tc = thr + static_cast<std::ptrdiff_t>(S) * j * R + j;
                     for (int x = x0; x < x1; ++x) tc[static_cast<std::ptrdiff_t>(x) * R] = th(x, rowY[j]);
@@ -219,13 +231,15 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
             for (int j = 0; j < count; ++j) {
                 int x0, x1;
                 columns(j, x0, x1);
-                typename Tr::Dst* d = dstRow[j];
-                const float* col = tile + static_cast<std::ptrdiff_t>(S) * j * R + j;
-                for (int x = x0; x < x1; ++x) {
-                    std::int32_t level;
-                    std::memcpy(&level, col + static_cast<std::ptrdiff_t>(x) * R, 4);
-                    d[static_cast<std::ptrdiff_t>(x) * n] = Tr::store(level);
-                }
+                const float* col = tile + (static_cast<std::ptrdiff_t>(S) * j + x0) * R + j;
+                withSamples(n, [&](auto samples) {
+                    typename Tr::Dst* d = dstRow[j] + static_cast<std::ptrdiff_t>(x0) * samples();
+                    for (int x = x0; x < x1; ++x, d += samples(), col += R) {
+                        std::int32_t level;
+                        std::memcpy(&level, col, 4);
+                        *d = Tr::store(level);
+                    }
+                });
             }
         }
         // The last two rows' errors, kept for the next wave.
