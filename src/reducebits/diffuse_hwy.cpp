@@ -177,6 +177,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
                 float* col = tile + (static_cast<std::ptrdiff_t>(S) * j + x0) * R + j;
                 withSamples(n, [&](auto samples) {
                     const typename Tr::Src* src = srcRow[j] + static_cast<std::ptrdiff_t>(x0) * samples();
+#pragma GCC unroll 4
                     for (int x = x0; x < x1; ++x, src += samples(), col += R) *col = Tr::work(*src);
                 });
                 if constexpr (!std::is_same_v<Th, HalfStep>) {
@@ -234,6 +235,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
                 const float* col = tile + (static_cast<std::ptrdiff_t>(S) * j + x0) * R + j;
                 withSamples(n, [&](auto samples) {
                     typename Tr::Dst* d = dstRow[j] + static_cast<std::ptrdiff_t>(x0) * samples();
+#pragma GCC unroll 4
                     for (int x = x0; x < x1; ++x, d += samples(), col += R) {
                         std::int32_t level;
                         std::memcpy(&level, col, 4);
