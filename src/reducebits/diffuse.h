@@ -5,7 +5,7 @@
 // the one or two rows before it in the chain.
 //
 // The scalar kernel walks the chain row by row. The vector kernels
-// (reducebits/diffuse_hwy.cpp) run kWaveRows global rows at once as a skewed
+// (reducebits/diffuse_hwy.cpp) run 32 or 64 global rows at once as a skewed
 // wavefront: at step t lane j works on column t - kSkew * j of row j, so the
 // errors it needs from the rows above were made by lanes j - 1 and j - 2 a
 // few steps earlier. Both use working memory of diffuseScratch floats.
@@ -32,20 +32,18 @@ struct DiffuseArea {
     int n, width, height;
 };
 
-inline constexpr int kWaveRows = 32;
-
-// The wavefront's layout in the working memory, in floats: an error tile of
-// kPre + steps rows of kWaveRows + 2 (two slots for the errors of the two
-// rows before the wave, then one per lane), the sample tile and the
-// threshold tile of steps rows of kWaveRows, and the last two error rows of
-// the wave before.
-template <class Method>
+// The wavefront's layout in the working memory, in floats, for waves of
+// Rows rows: an error tile of kPre + steps rows of Rows + 2 (two slots for
+// the errors of the two rows before the wave, then one per lane), the
+// sample tile and the threshold tile of steps rows of Rows, and the last two
+// error rows of the wave before.
+template <class Method, int Rows>
 struct Wave {
     static constexpr int kPre = Method::kGuard + (Method::kRows - 1) * Method::kSkew;
-    static constexpr int kStride = kWaveRows + 2;
-    static std::int64_t steps(int width) { return static_cast<std::int64_t>(width) + Method::kSkew * (kWaveRows - 1); }
+    static constexpr int kStride = Rows + 2;
+    static std::int64_t steps(int width) { return static_cast<std::int64_t>(width) + Method::kSkew * (Rows - 1); }
     static std::int64_t errLen(int width) { return (kPre + steps(width)) * kStride; }
-    static std::int64_t tileLen(int width) { return steps(width) * kWaveRows; }
+    static std::int64_t tileLen(int width) { return steps(width) * Rows; }
     static std::int64_t len(int width) {
         return errLen(width) + 2 * tileLen(width) + 2 * static_cast<std::int64_t>(width);
     }
@@ -55,7 +53,7 @@ struct Wave {
 // vector kernels.
 template <class Method>
 std::int64_t diffuseScratch(int width) {
-    return std::max(Method::kRows * Method::rowLen(width), Wave<Method>::len(width));
+    return std::max({Method::kRows * Method::rowLen(width), Wave<Method, 32>::len(width), Wave<Method, 64>::len(width)});
 }
 
 template <class Tr, class Method, class Th, int N>

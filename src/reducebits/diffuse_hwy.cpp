@@ -2,8 +2,9 @@
 // Jarvis-Judice-Ninke), compiled once per CPU target.
 //
 // A section's chain of global rows (reducebits/diffuse.h) is cut into waves
-// of kWaveRows rows. Within a wave, lane j of the wavefront works on row j at
-// column x = t - kSkew * j at step t; all lanes advance one column per step.
+// of 32 rows (64 for vectors of 16 lanes). Within a wave, lane j of the
+// wavefront works on row j at column x = t - kSkew * j at step t; all lanes
+// advance one column per step.
 // Lane j needs the errors of row j - 1 at columns x - g .. x + g (g is the
 // kernel's reach) and, for the two-row kernels, of row j - 2: lane j - 1
 // made column x + d at step t + d - kSkew, lane j - 2 at step
@@ -13,7 +14,7 @@
 // two rows of the wave before. The skew keeps the nearest of these two steps
 // back, so only the error of the left neighbour (the lane's own error of
 // the step before) is on the step-to-step latency chain. A wave is several
-// vectors wide so that the latency of one step is shared by 32 rows.
+// vectors wide so that the latency of one step is shared by all its rows.
 //
 // Lanes outside the image (columns before 0 or past the row at the ramps of
 // the skew, rows past the end of the section) store a zero error, which is
@@ -109,14 +110,14 @@ HWY_INLINE void withSamples(int n, const F& f) {
 
 template <class Tr, class Method, class Th>
 void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q, const Th& th, float* scratch) {
-    using Wv = Wave<Method>;
     const DF df;
     const DI di;
     constexpr int L = static_cast<int>(hn::MaxLanes(DF()));
-    constexpr int K = kWaveRows / L;
-    if (L > kWaveRows || kWaveRows % L != 0 || static_cast<int>(hn::Lanes(df)) != L)
+    constexpr int R = L >= 16 ? 64 : 32, K = R / L;
+    using Wv = Wave<Method, R>;
+    if (L > R || R % L != 0 || static_cast<int>(hn::Lanes(df)) != L)
         return ::zor::diffuseSection<Tr, Method, Th>(a, first, end, q, th, scratch);
-    constexpr int R = kWaveRows, S = Method::kSkew, P = Wv::kPre, St = Wv::kStride, kChunk = 64;
+    constexpr int S = Method::kSkew, P = Wv::kPre, St = Wv::kStride, kChunk = 64;
     const int W = a.width, n = a.n;
     const int rows = (end - first) * a.height;
     const int T = static_cast<int>(Wv::steps(W));
