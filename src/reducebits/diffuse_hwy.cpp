@@ -19,7 +19,7 @@
 // Lanes outside the image (columns before 0 or past the row at the ramps of
 // the skew, rows past the end of the section) store a zero error, which is
 // what the scalar kernel reads from its zero guards and its cleared rows.
-// Samples are staged into a tile on the working scale before a wave and
+// Samples are staged into a tile before a wave and
 // the levels copied out after it, by scalar loops over each row.
 //
 // Each sample's arithmetic is the scalar kernel's: the same products and
@@ -96,6 +96,26 @@ struct WaveSum<Tr, TwoRows<W>> {
         return hn::Mul(s, hn::Set(df, W::div));
     }
 };
+
+// The sample tile holds float sources as they are and integer sources on
+// the working scale as int32 bits, converted to float in the lanes.
+template <class Tr>
+HWY_INLINE float staged(typename Tr::Src s) {
+    if constexpr (Tr::kFloatSrc) {
+        return s;
+    } else {
+        const std::int32_t i = Offset16<typename Tr::Src>::in(s);
+        float f;
+        std::memcpy(&f, &i, 4);
+        return f;
+    }
+}
+template <class Tr>
+HWY_INLINE VF unstage(const float* p) {
+    const DF df;
+    if constexpr (Tr::kFloatSrc) return hn::LoadU(df, p);
+    return hn::ConvertTo(df, hn::BitCast(DI(), hn::LoadU(df, p)));
+}
 
 // Calls f with the samples per pixel as a constant (1, 3 or 4).
 template <class F>
@@ -179,7 +199,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
                 withSamples(n, [&](auto samples) {
                     const typename Tr::Src* src = srcRow[j] + static_cast<std::ptrdiff_t>(x0) * samples();
 #pragma GCC unroll 4
-                    for (int x = x0; x < x1; ++x, src += samples(), col += R) *col = Tr::work(*src);
+                    for (int x = x0; x < x1; ++x, src += samples(), col += R) *col = staged<Tr>(*src);
                 });
                 if constexpr (!std::is_same_v<Th, HalfStep>) {
                     float* tc = thr + static_cast<std::ptrdiff_t>(S) * j * R + j;
@@ -197,7 +217,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
                     };
                     const MF valid = hn::RebindMask(df, hn::AndNot(hn::Lt(tv, lo[k]), hn::Lt(tv, hi[k])));
                     const VF v =
-                        hn::Add(hn::LoadU(df, in + k * L), WaveSum<Tr, Method>::sum(above, left1[k], left2[k]));
+                        hn::Add(unstage<Tr>(in + k * L), WaveSum<Tr, Method>::sum(above, left1[k], left2[k]));
                     const MF isTop = hn::Ge(v, top);
                     const MF mid = hn::AndNot(isTop, hn::Ge(v, bottom));
                     const VF kf = floorBiased(hn::Mul(v, inv), bias);
