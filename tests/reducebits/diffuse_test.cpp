@@ -31,11 +31,14 @@ void compareTargets(const char* name, const ReduceFn<S, D> (&fns)[4], int maxLev
         const int layout = i % 4, channels = layout == 0 ? 1 : layout == 1 ? 3 : 4;
         const int w = i % 12 == 5 ? 300 + static_cast<int>(rng() % 800) : 1 + static_cast<int>(rng() % 40);
         const int h = 1 + static_cast<int>(rng() % (i % 8 == 3 ? 70 : 20)), team = static_cast<int>(rng() % 5);
-        const int noise = i % 3 == 0 ? 0 : static_cast<int>(rng() % 101), levels = 2 + static_cast<int>(rng() % (maxLevels - 1));
+        const bool tie = std::is_same_v<S, Zor32f> && i % 6 == 1;  // a chain's first residue is exactly half a step
+        const int noise = i % 3 == 0 || tie ? 0 : static_cast<int>(rng() % 101);
+        const int levels = tie ? 3 : 2 + static_cast<int>(rng() % (maxLevels - 1));
         const ZorDitherType method = methods[(i / 4) % 3];
         const bool flip = rng() % 2;
         zt::Image<S> src(w, h, channels, 3 * static_cast<int>(sizeof(S)), i);
         src.fillSamples([&] { return sample<S>(rng); });
+        if (tie) src.row(0)[0] = src.row(h - 1)[0] = static_cast<S>(0.25f);
         zt::Image<D> ref(w, h, channels, 5 * static_cast<int>(sizeof(D)), i);
         const auto run = [&](zt::Image<D>& dst) {
             const S* s = flip ? src.row(h - 1) : src.data();
