@@ -8,7 +8,8 @@
 // (reducebits/diffuse_hwy.cpp) run 32 or 64 global rows at once as a skewed
 // wavefront: at step t lane j works on column t - kSkew * j of row j, so the
 // errors it needs from the rows above were made by lanes j - 1 and j - 2 a
-// few steps earlier. Both use working memory of diffuseScratch floats.
+// few steps earlier. The scalar kernel needs diffuseScratch<Method>(width,
+// false) floats of working memory, the vector kernels (width, true).
 #pragma once
 
 #include "core/image.h"
@@ -49,11 +50,11 @@ struct Wave {
     }
 };
 
-// Floats of working memory of one section, enough for the scalar and the
-// vector kernels.
+// Floats of working memory of one section.
 template <class Method>
-std::int64_t diffuseScratch(int width) {
-    return std::max({Method::kRows * Method::rowLen(width), Wave<Method, 32>::len(width), Wave<Method, 64>::len(width)});
+std::int64_t diffuseScratch(int width, bool waves) {
+    const std::int64_t rows = Method::kRows * Method::rowLen(width);
+    return waves ? std::max({rows, Wave<Method, 32>::len(width), Wave<Method, 64>::len(width)}) : rows;
 }
 
 template <class Tr, class Method, class Th, int N>

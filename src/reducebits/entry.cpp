@@ -65,7 +65,6 @@ int grantedThreads() {
 
 template <class Tr, int Ch, class Method, class Src, class Dst, class Th>
 ZorStatus diffuseChannels(ZoriSize roi, const Src& srcImage, const Dst& dstImage, const Quant& q, const Th& th) {
-    const auto kernel = DiffuseKernel<Tr, Method, Th>::resolve();
     const auto src = srcImage.view();
     const auto dst = dstImage.view();
     const DiffuseArea<Tr> area{src.p, src.step, dst.p, dst.step, Src::kSamples, roi.width, roi.height};
@@ -73,7 +72,13 @@ ZorStatus diffuseChannels(ZoriSize roi, const Src& srcImage, const Dst& dstImage
     // Three channels never use more than three sections, four channels one
     // section per channel however many threads are granted.
     const int sections = Ch > 1 ? std::min(grantedThreads(), Ch) : 1;
-    const std::int64_t sliceLen = diffuseScratch<Method>(roi.width);
+    // The vector kernels' tiles take about 200 floats per column; images
+    // whose tiles would pass 256 MB run the scalar kernel on its two or three
+    // error rows.
+    constexpr auto scalar = &diffuseSection<Tr, Method, Th>;
+    auto kernel = DiffuseKernel<Tr, Method, Th>::resolve();
+    if (kernel != scalar && diffuseScratch<Method>(roi.width, true) * sections > (1 << 26)) kernel = scalar;
+    const std::int64_t sliceLen = diffuseScratch<Method>(roi.width, kernel != scalar);
     if (sliceLen * sections > INT32_MAX) return zorStsNoMemory;
     Block<float> block(static_cast<int>(sliceLen * sections));
     if (!block) return zorStsNoMemory;
