@@ -10,6 +10,7 @@
 // image depends on T.
 #include "core/export.h"
 #include "core/memory.h"
+#include "reducebits/diffuse.h"
 #include "reducebits/kernels.h"
 
 #include <omp.h>
@@ -64,30 +65,26 @@ int grantedThreads() {
 
 template <class Tr, int Ch, class Method, class Src, class Dst, class Th>
 ZorStatus diffuseChannels(ZoriSize roi, const Src& srcImage, const Dst& dstImage, const Quant& q, const Th& th) {
-    const auto kernel = ScalarKernel<Method::template kernel<Tr, Src::kSamples, Th>>::resolve();
     const auto src = srcImage.view();
     const auto dst = dstImage.view();
+    const DiffuseArea<Tr> area{src.p, src.step, dst.p, dst.step, Src::kSamples, roi.width, roi.height};
     const int team = teamSize();
     // Three channels never use more than three sections, four channels one
     // section per channel however many threads are granted.
     const int sections = Ch > 1 ? std::min(grantedThreads(), Ch) : 1;
-    const std::int64_t rowLen = Method::rowLen(roi.width);
-    const std::int64_t sliceLen = Method::kRows * rowLen;
+    // The vector kernels' tiles take about 200 floats per column; images
+    // whose tiles would pass 256 MB run the scalar kernel on its two or three
+    // error rows.
+    constexpr auto scalar = &diffuseSection<Tr, Method, Th>;
+    auto kernel = DiffuseKernel<Tr, Method, Th>::resolve();
+    if (kernel != scalar && diffuseScratch<Method>(roi.width, true) * sections > (1 << 26)) kernel = scalar;
+    const std::int64_t sliceLen = diffuseScratch<Method>(roi.width, kernel != scalar);
     if (sliceLen * sections > INT32_MAX) return zorStsNoMemory;
     Block<float> block(static_cast<int>(sliceLen * sections));
     if (!block) return zorStsNoMemory;
 
     // One section: clears its error rows, then runs channels [first, end).
-    const auto section = [&](int first, int end, float* slice) {
-        std::fill(slice, slice + sliceLen, 0.0f);
-        float* e[Method::kRows];
-        for (int i = 0; i < Method::kRows; ++i) e[i] = slice + i * rowLen + Method::kGuard;
-        for (int c = first; c < end; ++c)
-            forRows<Serial>(roi.height, [&](int y) {
-                kernel(src.row(y).p + c, dst.row(y).p + c, e, roi.width, y, q, th);
-                std::rotate(e, e + 1, e + Method::kRows);
-            });
-    };
+    const auto section = [&](int first, int end, float* slice) { kernel(area, first, end, q, th, slice); };
     if (sections == 1) {
         section(0, Ch, block.get());
         return zorStsOk;

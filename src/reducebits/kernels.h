@@ -218,8 +218,10 @@ void twoRowsRow(const typename Tr::Src* src, typename Tr::Dst* dst, float* const
 // The error rows of each method: how many, their guard elements, their
 // length, and the kernel. After every image row the rows rotate by one: the
 // current row becomes the row above.
+// kSkew is the column shift from one row to the next in the vector kernels'
+// wavefront (reducebits/diffuse.h).
 struct Fs {
-    static constexpr int kRows = 2, kGuard = 1;
+    static constexpr int kRows = 2, kGuard = 1, kSkew = 3;
     static std::int64_t rowLen(int width) { return static_cast<std::int64_t>(width) + 2; }
     template <class Tr, int N, class Th>
     static constexpr auto kernel = &fsRow<Tr, N, Th>;
@@ -228,7 +230,7 @@ struct Fs {
 // The two-row kernels round their rows up to a multiple of 4 elements.
 template <class W>
 struct TwoRows {
-    static constexpr int kRows = 3, kGuard = 2;
+    static constexpr int kRows = 3, kGuard = 2, kSkew = 4;
     static std::int64_t rowLen(int width) { return ((static_cast<std::int64_t>(width) + 3) & ~std::int64_t{3}) + 4; }
     template <class Tr, int N, class Th>
     static constexpr auto kernel = &twoRowsRow<Tr, W, N, Th>;
