@@ -25,14 +25,14 @@
 // Each sample's arithmetic is the scalar kernel's: the same products and
 // sums in the same order, the same saturation tests (NaN fails both and goes
 // to the bottom), and the double-precision biased truncation of the level
-// index done exactly in float lanes (the argument is at truncBiased in
-// reducebits/reducebits_hwy.cpp; here p lies in [0, levels] for every lane
-// that is kept).
+// index done exactly in float lanes (reducebits/bias-inl.h; here p lies in
+// [0, levels] for every lane that is kept).
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "reducebits/diffuse_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
 
 #include "core/lanes-inl.h"
+#include "reducebits/bias-inl.h"
 #include "hwy/highway.h"
 #include "reducebits/diffuse.h"
 
@@ -45,21 +45,6 @@ namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET != HWY_SCALAR
-
-// The largest float not above the double bias of the level index.
-inline float waveBias() {
-    const float f = static_cast<float>(kLevelBias);
-    return static_cast<double>(f) > kLevelBias ? std::nextafter(f, 0.0f) : f;
-}
-
-// trunc(p + 0.000009) in double, as a float, for 0 <= p < 2^23.
-HWY_INLINE VF floorBiased(VF p, VF bias) {
-    const DF df;
-    const DI di;
-    const VF k = hn::ConvertTo(df, hn::ConvertTo(di, p));
-    const VF next = hn::Add(k, hn::Set(df, 1.0f));
-    return hn::IfThenElse(hn::Le(hn::Sub(next, p), bias), next, k);
-}
 
 template <class Tr, class Method>
 struct WaveSum;
@@ -149,7 +134,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
     std::fill(scratch, scratch + Wv::len(W), 0.0f);
 
     const VF step = hn::Set(df, q.step), inv = hn::Set(df, q.invStep), one = hn::Set(df, 1.0f);
-    const VF bias = hn::Set(df, waveBias()), top = hn::Set(df, Tr::kTop), bottom = hn::Set(df, Tr::kBottom);
+    const VF bias = hn::Set(df, biasBelow()), top = hn::Set(df, Tr::kTop), bottom = hn::Set(df, Tr::kBottom);
     const VF scale = hn::Set(df, Tr::kDstScale);
     const VI mult = hn::Set(di, q.mult), topLevel = hn::Set(di, Tr::kTopLevel);
     VF half = hn::Zero(df);
@@ -220,7 +205,7 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
                         hn::Add(unstage<Tr>(in + k * L), WaveSum<Tr, Method>::sum(above, left1[k], left2[k]));
                     const MF isTop = hn::Ge(v, top);
                     const MF mid = hn::AndNot(isTop, hn::Ge(v, bottom));
-                    const VF kf = floorBiased(hn::Mul(v, inv), bias);
+                    const VF kf = truncBiasedF(hn::Mul(v, inv), bias);
                     const VF base = hn::Mul(kf, step);
                     const VF r = hn::Sub(v, base);
                     VF threshold = half;
@@ -238,10 +223,10 @@ void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q
                     if constexpr (Tr::kByteSrc) {
                         level = hn::ShiftRight<8>(hn::Mul(hn::ConvertTo(di, kf1), mult));
                     } else if constexpr (Tr::kWideScale) {
-                        level = hn::ConvertTo(di, floorBiased(hn::Mul(kf1, step), bias));
+                        level = hn::ConvertTo(di, truncBiasedF(hn::Mul(kf1, step), bias));
                         if constexpr (sizeof(typename Tr::Dst) == 1) level = hn::ShiftRight<8>(level);
                     } else {
-                        level = hn::ConvertTo(di, floorBiased(hn::Mul(hn::Mul(kf1, step), scale), bias));
+                        level = hn::ConvertTo(di, truncBiasedF(hn::Mul(hn::Mul(kf1, step), scale), bias));
                     }
                     // Lanes outside store 0 (a float zero, never a denormal).
                     level = hn::IfThenElse(hn::RebindMask(di, mid), level,

@@ -4,16 +4,9 @@
 // computes exactly what its scalar kernel (reducebits/kernels.h) computes, in
 // float lanes: the same products, quotients and sums in the same order.
 //
-// The one step that the scalar kernels take in double precision is the
-// biased truncation trunc(p + 0.000009) of a float p (the level index, and
-// the level value of the 16-bit and 32f paths). For 0 <= p < 2^23 it is
-// found in float: with k = trunc(p), the biased value reaches k + 1 exactly
-// when (k + 1) - p <= 0.000009. (k + 1) - p is exact (Sterbenz, p >= 0.5
-// whenever the test can pass), and the double sum cannot round across the
-// integer: the distance from p + 0.000009 to k + 1 is a multiple of the float
-// spacing at p minus 0.000009, which stays far above half the double spacing
-// at k + 1 for every exponent of p in range. 32f lanes outside that range
-// (negative, huge, NaN) send their block of pixels to the scalar kernel.
+// The biased truncation of the level index is done in float lanes
+// (reducebits/bias-inl.h). 32f lanes outside its range (negative, huge, NaN)
+// send their block of pixels to the scalar kernel.
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "reducebits/reducebits_hwy.cpp"
 #include "hwy/foreach_target.h"  // IWYU pragma: keep
@@ -21,6 +14,7 @@
 #include "hwy/cache_control.h"
 #include "core/bytemap-inl.h"
 #include "core/lanes-inl.h"
+#include "reducebits/bias-inl.h"
 #include "hwy/highway.h"
 #include "reducebits/kernels.h"
 
@@ -32,29 +26,6 @@ namespace HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 #if HWY_TARGET != HWY_SCALAR
-
-// The largest float not above the double 0.000009.
-inline float biasBelow() {
-    const float f = static_cast<float>(kLevelBias);
-    return static_cast<double>(f) > kLevelBias ? std::nextafter(f, 0.0f) : f;
-}
-
-// trunc(p + 0.000009) as the scalar kernels take it in double, for lanes
-// with 0 <= p < 2^23.
-HWY_INLINE VI truncBiased(VF p, VF bias) {
-    const DF df;
-    const DI di;
-    const VI k = hn::ConvertTo(di, p);
-    const MF up = hn::Le(hn::Sub(hn::Add(hn::ConvertTo(df, k), hn::Set(df, 1.0f)), p), bias);
-    return hn::Sub(k, hn::VecFromMask(di, hn::RebindMask(di, up)));
-}
-
-// The same as a float, found in float lanes.
-HWY_INLINE VF truncBiasedF(VF p, VF bias) {
-    const DF df;
-    const VF k = hn::Floor(p), next = hn::Add(k, hn::Set(df, 1.0f));
-    return hn::IfThenElse(hn::Le(hn::Sub(next, p), bias), next, k);
-}
 
 // Samples on the working scale (16s shifted by +32768), one per float lane.
 template <class S>
