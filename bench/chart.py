@@ -38,6 +38,7 @@ def load(path):
             if case not in functions:
                 cases.append(case)
                 functions[case] = r["function"]
+                FAMILIES[case] = r.get("family") or ""
             seen.add(r["target"])
             rows[(case, r["target"])] = {k: number(r[k + "_ms"]) for k in ("zorcc", "memcpy", "libyuv", "opencv")}
     series = [s for s in SERIES if s in seen] + sorted(seen - set(SERIES))
@@ -197,13 +198,17 @@ def markdown(cases, functions, series, rows, args):
         f.write("\n".join(out))
 
 
+# The family of each case, from the CSV (empty in files written before it
+# had the column).
+FAMILIES = {}
+
 README_BEGIN = "<!-- bench table: written by scripts/bench.sh -->"
 README_END = "<!-- end of bench table -->"
 
 
 def readme_table(cases, functions, series, rows, args):
     """The README's short table: every case with a peer, as ratios per CPU
-    target, and one line per target for the cases without a peer."""
+    target, then the cases without a peer, one line per family."""
     targets = [s for s in series if s != "before"]
     best = targets[-1] if targets else None
     model, _ = cpu_model()
@@ -224,10 +229,16 @@ def readme_table(cases, functions, series, rows, args):
             continue
         line = [c] + [fmt(ratios(rows.get((c, t)))[0]) for t in targets] + [fmt(ratios(row)[1])]
         out.append("| " + " | ".join(line) + " |")
-    if alone:
-        line = [f"{len(alone)} cases without a peer: median (worst)"]
+    families = []
+    for c in alone:
+        if FAMILIES.get(c, "") not in families:
+            families.append(FAMILIES.get(c, ""))
+    for family in families:
+        members = [c for c in alone if FAMILIES.get(c, "") == family]
+        name = f"{family}: " if family else ""
+        line = [f"{name}{len(members)} cases without a peer, median (worst)"]
         for t in targets:
-            values = [(ratios(rows.get((c, t)))[0], c) for c in alone]
+            values = [(ratios(rows.get((c, t)))[0], c) for c in members]
             values = [v for v in values if v[0]]
             if not values:
                 line.append("-")

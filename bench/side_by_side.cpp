@@ -28,6 +28,7 @@ namespace {
 
 struct Group {
     int rank, order;
+    const char* family;
     const Case *begin, *end;
 };
 std::vector<Group>& groups() {
@@ -221,8 +222,8 @@ const Case kOtherCases[] = {
     ALONE(zoriYUV420ToRGB_8u_P3C3, k420, kC3, s.pl(), d.p(), kRoi),
 };
 
-const CaseGroup kVideoPeers(0, std::begin(kPeerCases), std::end(kPeerCases));
-const CaseGroup kVideoOthers(0, std::begin(kOtherCases), std::end(kOtherCases));
+const CaseGroup kVideoPeers(0, "video", std::begin(kPeerCases), std::end(kPeerCases));
+const CaseGroup kVideoOthers(0, "video", std::begin(kOtherCases), std::end(kOtherCases));
 
 const char* const kNotes[] = {
     "NV12 to RGB24 / ARGB: zorcc has no semi-planar 4:2:0 to RGB conversion (its P2 forms only change the chroma "
@@ -356,8 +357,14 @@ std::string libraryFile() {
 
 }  // namespace
 
-CaseGroup::CaseGroup(int rank, const Case* begin, const Case* end) {
-    groups().push_back({rank, static_cast<int>(groups().size()), begin, end});
+CaseGroup::CaseGroup(int rank, const char* family, const Case* begin, const Case* end) {
+    groups().push_back({rank, static_cast<int>(groups().size()), family, begin, end});
+}
+
+const char* familyOf(const Case* c) {
+    for (const Group& g : groups())
+        if (c >= g.begin && c < g.end) return g.family;
+    return "";
 }
 
 std::vector<const Case*> registeredCases() {
@@ -427,7 +434,7 @@ int main(int argc, char** argv) {
             std::perror(o.csv.c_str());
             return 1;
         }
-        std::fprintf(csv, "case,target,zorcc_ms,memcpy_ms,libyuv_ms,opencv_ms,function\n");
+        std::fprintf(csv, "case,target,zorcc_ms,memcpy_ms,libyuv_ms,opencv_ms,function,family\n");
     }
     std::vector<std::string> notes(std::begin(kNotes), std::end(kNotes));
     for (const Case* c : cases) {
@@ -449,8 +456,9 @@ int main(int argc, char** argv) {
                 std::snprintf(b, sizeof b, "%.3f", v);
                 return std::string(b);
             };
-            std::fprintf(csv, "%s,%s,%s,%s,%s,%s,%s\n", c->label, target.c_str(), fine(r.zorcc).c_str(),
-                         fine(r.memcpy).c_str(), fine(r.libyuv).c_str(), fine(r.opencv).c_str(), c->function);
+            std::fprintf(csv, "%s,%s,%s,%s,%s,%s,%s,%s\n", c->label, target.c_str(), fine(r.zorcc).c_str(),
+                         fine(r.memcpy).c_str(), fine(r.libyuv).c_str(), fine(r.opencv).c_str(), c->function,
+                         familyOf(c));
         }
     }
     if (csv) std::fclose(csv);

@@ -188,11 +188,13 @@ inline int cvConvert(Image& s, Image& d, int code) {
 constexpr Layout kC1 = packed(1), kC2 = packed(2), kC3 = packed(3), kC4 = packed(4);
 constexpr Layout k444 = planar(1, 1), k422 = planar(2, 1), k420 = planar(2, 2), k411 = planar(4, 1);
 
-// Each file registers its table of cases; they run in rank order, and in
-// table order within a rank (the video family is rank 0).
+// Each file registers its table of cases under a family name (the column
+// "family" of the CSV); they run in rank order, and in table order within a
+// rank (the video family is rank 0).
 struct CaseGroup {
-    CaseGroup(int rank, const Case* begin, const Case* end);
+    CaseGroup(int rank, const char* family, const Case* begin, const Case* end);
 };
 std::vector<const Case*> registeredCases();
+const char* familyOf(const Case* c);
 
 }  // namespace sbs

@@ -88,7 +88,7 @@ const Case kChromaCases[] = {
     SLICE(YCbCr420ToYCrCb420_Filter_8u_P2P3R, P2_420_, P3_420) NONE, NONE, nullptr},
     SLICE(YCbCr420ToYCbCr422_Filter_8u_P2C2R, P2_420_, C2_422) NONE, NONE, nullptr},
 };
-const CaseGroup kGroup(10, std::begin(kChromaCases), std::end(kChromaCases));
+const CaseGroup kGroup(10, "chroma layouts", std::begin(kChromaCases), std::end(kChromaCases));
 
 }  // namespace
 }  // namespace sbs

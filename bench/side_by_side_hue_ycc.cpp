@@ -36,7 +36,7 @@ const Case kHueCases[] = {
     {"RGB to YCC 32f", "zoriRGBToYCC_32f_C3R", kF3, kF3, PAIR(Zor32f, zoriRGBToYCC_32f_C3R), NONE, NONE, nullptr},
     {"YCC to RGB 32f", "zoriYCCToRGB_32f_C3R", kF3, kF3, PAIR(Zor32f, zoriYCCToRGB_32f_C3R), NONE, NONE, nullptr},
 };
-const CaseGroup kGroup(60, std::begin(kHueCases), std::end(kHueCases));
+const CaseGroup kGroup(60, "HLS/HSV/YCC", std::begin(kHueCases), std::end(kHueCases));
 
 }  // namespace
 }  // namespace sbs

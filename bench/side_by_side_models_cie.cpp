@@ -39,7 +39,7 @@ const Case kCieCases[] = {
     ZOR_CASE("LUV 32f to RGB", Zor32f, 3, zoriLUVToRGB_32f_C3R, OCV(COLOR_Luv2RGB)),
     ZOR_CASE("RGBA 32f to LUV", Zor32f, 4, zoriRGBToLUV_32f_AC4R, NONE),
 };
-const CaseGroup kCieGroup(50, std::begin(kCieCases), std::end(kCieCases));
+const CaseGroup kCieGroup(50, "XYZ/LUV/Lab", std::begin(kCieCases), std::end(kCieCases));
 
 }  // namespace
 }  // namespace sbs

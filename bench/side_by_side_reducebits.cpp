@@ -57,7 +57,7 @@ const Case kReduceCases[] = {
     {"ReduceBits 8u C3 JJN", "zoriReduceBits_8u_C3R", kC3, kC3,
      [](Image& s, Image& d) { return reduceC3<Zor8u, Zor8u>(s, d, zorDitherJJN); }, NONE, NONE, nullptr},
 };
-const CaseGroup kGroup(40, std::begin(kReduceCases), std::end(kReduceCases));
+const CaseGroup kGroup(40, "bit reduction", std::begin(kReduceCases), std::end(kReduceCases));
 
 }  // namespace
 }  // namespace sbs

@@ -48,7 +48,7 @@ const Case kTwistCases[] = {
     {"planar 32f twist", "zoriColorTwist_32f_P3R", planesOf<Zor32f>(), planesOf<Zor32f>(), ZOR(zoriColorTwist_32f_P3R(s.planesAs<Zor32f>(), s.st(), d.planesAs<Zor32f>(), d.st(), kRoi, kTwist)), NONE, NONE, nullptr},
     {"4-channel 32f twist", "zoriColorTwist_32f_C4R", packedOf<Zor32f>(4), packedOf<Zor32f>(4), ZOR(zoriColorTwist_32f_C4R(s.as<Zor32f>(), s.st(), d.as<Zor32f>(), d.st(), kRoi, kTwist4)), NONE, NONE, nullptr},
 };
-const CaseGroup kTwistGroup(20, std::begin(kTwistCases), std::end(kTwistCases));
+const CaseGroup kTwistGroup(20, "twist", std::begin(kTwistCases), std::end(kTwistCases));
 
 const Case kGammaCases[] = {
     {"RGB 8u gamma", "zoriGammaFwd_8u_C3R", kC3, kC3, ZOR(zoriGammaFwd_8u_C3R(s.p(), s.st(), d.p(), d.st(), kRoi)), NONE, LUT8, nullptr},
@@ -60,7 +60,7 @@ const Case kGammaCases[] = {
     {"RGB 32f inverse gamma", "zoriGammaInv_32f_C3R", packedOf<Zor32f>(3), packedOf<Zor32f>(3), ZOR(zoriGammaInv_32f_C3R(s.as<Zor32f>(), s.st(), d.as<Zor32f>(), d.st(), kRoi, 0.0f, 1.0f)), NONE, NONE, nullptr},
     {"planar 32f gamma", "zoriGammaFwd_32f_P3R", planesOf<Zor32f>(), planesOf<Zor32f>(), ZOR(zoriGammaFwd_32f_P3R(s.planesAs<Zor32f>(), s.st(), d.planesAs<Zor32f>(), d.st(), kRoi, 0.0f, 1.0f)), NONE, NONE, nullptr},
 };
-const CaseGroup kGammaGroup(21, std::begin(kGammaCases), std::end(kGammaCases));
+const CaseGroup kGammaGroup(21, "gamma", std::begin(kGammaCases), std::end(kGammaCases));
 
 }  // namespace
 }  // namespace sbs

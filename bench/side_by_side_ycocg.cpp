@@ -26,7 +26,7 @@ namespace {
     INV(YCoCgToSBGR##Rev##_32s16s_P3C4R, Zor32s, Zor16s, 4, , 0)
 
 const Case kYCoCgCases[] = {BOTH() BOTH(_Rev)};
-const CaseGroup kGroup(30, std::begin(kYCoCgCases), std::end(kYCoCgCases));
+const CaseGroup kGroup(30, "YCoCg", std::begin(kYCoCgCases), std::end(kYCoCgCases));
 
 }  // namespace
 }  // namespace sbs
