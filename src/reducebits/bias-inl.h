@@ -37,21 +37,15 @@ inline float biasBelow() {
 }
 
 // trunc(p + 0.000009) as the scalar kernels take it in double, for lanes
-// with 0 <= p < 2^23.
-HWY_INLINE VI truncBiased(VF p, VF bias) {
-    const DF df;
-    const DI di;
-    const VI k = hn::ConvertTo(di, p);
-    const MF up = hn::Le(hn::Sub(hn::Add(hn::ConvertTo(df, k), hn::Set(df, 1.0f)), p), bias);
-    return hn::Sub(k, hn::VecFromMask(di, hn::RebindMask(di, up)));
-}
-
-// The same as a float, found in float lanes.
+// with 0 <= p < 2^23, as a float.
 HWY_INLINE VF truncBiasedF(VF p, VF bias) {
     const DF df;
     const VF k = hn::Floor(p), next = hn::Add(k, hn::Set(df, 1.0f));
     return hn::IfThenElse(hn::Le(hn::Sub(next, p), bias), next, k);
 }
+
+// The same as an integer.
+HWY_INLINE VI truncBiased(VF p, VF bias) { return hn::ConvertTo(DI(), truncBiasedF(p, bias)); }
 
 #endif  // HWY_TARGET != HWY_SCALAR
 

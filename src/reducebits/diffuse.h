@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <type_traits>
 
 namespace zor {
 
@@ -71,16 +72,22 @@ void diffuseRows(const DiffuseArea<Tr>& a, int first, int end, const Quant& q, c
         });
 }
 
+// Calls f with the samples per pixel as a constant (1, 3 or 4).
+template <class F>
+inline void withSamples(int n, const F& f) {
+    if (n == 1)
+        f(std::integral_constant<int, 1>());
+    else if (n == 3)
+        f(std::integral_constant<int, 3>());
+    else
+        f(std::integral_constant<int, 4>());
+}
+
 // One section, channels [first, end): clears its error rows and runs the
 // chain row by row.
 template <class Tr, class Method, class Th>
 void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q, const Th& th, float* scratch) {
-    if (a.n == 1)
-        diffuseRows<Tr, Method, Th, 1>(a, first, end, q, th, scratch);
-    else if (a.n == 3)
-        diffuseRows<Tr, Method, Th, 3>(a, first, end, q, th, scratch);
-    else
-        diffuseRows<Tr, Method, Th, 4>(a, first, end, q, th, scratch);
+    withSamples(a.n, [&](auto samples) { diffuseRows<Tr, Method, Th, decltype(samples)::value>(a, first, end, q, th, scratch); });
 }
 
 // The shapes: every type pair, method and threshold.

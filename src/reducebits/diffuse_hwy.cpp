@@ -102,17 +102,6 @@ HWY_INLINE VF unstage(const float* p) {
     return hn::ConvertTo(df, hn::BitCast(DI(), hn::LoadU(df, p)));
 }
 
-// Calls f with the samples per pixel as a constant (1, 3 or 4).
-template <class F>
-HWY_INLINE void withSamples(int n, const F& f) {
-    if (n == 1)
-        f(std::integral_constant<int, 1>());
-    else if (n == 3)
-        f(std::integral_constant<int, 3>());
-    else
-        f(std::integral_constant<int, 4>());
-}
-
 template <class Tr, class Method, class Th>
 void diffuseSection(const DiffuseArea<Tr>& a, int first, int end, const Quant& q, const Th& th, float* scratch) {
     const DF df;
